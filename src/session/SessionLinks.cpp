@@ -1,0 +1,7 @@
+#include "session/SessionLinks.h"
+
+SessionLinks& Links()
+{
+    static SessionLinks links;
+    return links;
+}

@@ -1,0 +1,183 @@
+#include "session/u11Datafile.h"
+
+#include "platform/base/Desktop.h"
+#include "platform/base/Files.h"
+#include "platform/base/ProgramFolder.h"
+#include "platform/data/DatabaseError.h"
+#include "session/EditionCheck.h"
+#include "session/FormatCheck.h"
+#include "session/SessionState.h"
+#include "session/u12qelFiles.h"
+#include "session/u13Folders.h"
+#include "session/u14Properties.h"
+#include "session/u19RowData.h"
+#include "session/u91Trace.h"
+
+namespace u11Datafile {
+
+namespace {
+
+/// Sets gCreatingNewFile for as long as it lives.
+class CreatingNewFile
+{
+public:
+    CreatingNewFile() { gCreatingNewFile = true; }
+    CreatingNewFile(const CreatingNewFile&) = delete;
+    CreatingNewFile& operator=(const CreatingNewFile&) = delete;
+    ~CreatingNewFile() { gCreatingNewFile = false; }
+};
+
+void CloseHandles()
+{
+    gProperties.reset();
+    gDatabase.reset();
+    u14Properties::PropertiesReplaced();
+}
+
+void OpenHandles(const std::string& path)
+{
+    CloseHandles();
+    gDatabase = std::make_unique<platform::Database>(path, platform::Database::Mode::Exclusive);
+    gProperties = std::make_unique<platform::Recordset>(gDatabase->OpenTable("Properties"));
+}
+
+std::string StoredProperty(const char* name)
+{
+    gProperties->Seek(name);
+    return u19RowData::ReadText(*gProperties, "Value");
+}
+
+bool OpenAndCheck(const std::string& path)
+{
+    OpenHandles(path);
+    if (!FormatCheck::BringToCurrent(StoredProperty("DataFormatID"))) {
+        return false;
+    }
+    return EditionCheck::CheckMode(EditionName, StoredProperty("ProgramID"));
+}
+
+/// Marks the file that was just opened as open under this path. An engine error closes it again.
+bool SettleDatafile(const std::string& path, bool isNew, const char* words)
+{
+    try {
+        u14Properties::Property_Set("FullFileName", path);
+        if (isNew) {
+            u14Properties::Property_Set("ProgramID", EditionName);
+        }
+        return true;
+    } catch (const platform::DatabaseError& error) {
+        u91Trace::TraceError(path + ": " + error.what());
+        CloseDatafile();
+        platform::ShowMessage({words});
+        return false;
+    }
+}
+
+Status StatusOf(bool ready) { return ready ? Status::Ready : Status::Failed; }
+
+bool CopyDatafile(const std::string& source, const std::string& target, const char* words)
+{
+    const std::string cause = platform::CopyWhole(source, target);
+    if (!cause.empty()) {
+        u91Trace::TraceError("Copying " + source + " to " + target + ": " + cause);
+        platform::ShowMessage({words});
+    }
+    return cause.empty();
+}
+
+constexpr const char* kUnableToCreate = "Unable to create new file.";
+constexpr const char* kUnableToSave = "Unable to save file.";
+
+} // namespace
+
+bool OpenDatafile(const std::string& path)
+{
+    bool passed = false;
+    try {
+        passed = OpenAndCheck(path);
+    } catch (const platform::Error& error) {
+        // The handles are let go here too: a file that was refused must not stay locked.
+        CloseHandles();
+        u91Trace::TraceError("OpenDatafile " + path + ": " + error.what());
+        platform::ShowMessage({"The file does not appear to be a VEXA Plus file.", "It cannot be opened."});
+        return false;
+    }
+    if (passed) {
+        gDatabaseOpen = true;
+    } else {
+        CloseHandles();
+    }
+    return passed;
+}
+
+void CloseDatafile()
+{
+    CloseHandles();
+    gDatabaseOpen = false;
+}
+
+Status QueryOpenDatafile()
+{
+    u91Trace::Trace("u11Datafile.QueryOpenDatafile");
+    const std::string path = u12qelFiles::ChooseFileToOpen();
+    if (path.empty()) {
+        return Status::Cancelled;
+    }
+    if (gDatabaseOpen) {
+        CloseDatafile();
+    }
+    return StatusOf(OpenDatafile(path) && NameDatafile(path));
+}
+
+bool NameDatafile(const std::string& path)
+{
+    return SettleDatafile(path, false, "The file cannot be written, so it cannot be opened.");
+}
+
+Status QueryNewDatafile()
+{
+    u91Trace::Trace("u11Datafile.QueryNewDatafile");
+    const std::string path = u12qelFiles::ChooseNewFile();
+    return path.empty() ? Status::Cancelled : CreateDatafile(path);
+}
+
+Status CreateDatafile(const std::string& path)
+{
+    if (gDatabaseOpen) {
+        CloseDatafile();
+    }
+    const std::string source = platform::InProgramFolder("QEL.new");
+    if (!platform::FileExists(source)) {
+        u91Trace::TraceError("There is no " + source);
+        platform::ShowMessage({"Source file QEL.new is missing.", kUnableToCreate});
+        return Status::Failed;
+    }
+    if (!CopyDatafile(source, path, kUnableToCreate)) {
+        return Status::Failed;
+    }
+    const CreatingNewFile creating;
+    return StatusOf(OpenDatafile(path) && SettleDatafile(path, true, kUnableToCreate));
+}
+
+Status QuerySaveDatafileAs()
+{
+    const std::string source = u14Properties::Property_Get("FullFileName");
+    const std::string target = u12qelFiles::ChooseSaveAsFile();
+    if (target.empty()) {
+        return Status::Cancelled;
+    }
+    CloseDatafile();
+    if (!CopyDatafile(source, target, kUnableToSave)) {
+        return Status::Failed;
+    }
+    return StatusOf(OpenDatafile(target) && SettleDatafile(target, false, kUnableToSave));
+}
+
+std::string DatafileName() { return u13Folders::FileNameOf(u14Properties::Property_Get("FullFileName")); }
+
+Long LastKeyInTable(std::string_view table, std::string_view keyColumn)
+{
+    return OpenDatabase().LastKeyInTable(table, keyColumn);
+}
+
+} // namespace u11Datafile
