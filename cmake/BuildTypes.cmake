@@ -8,6 +8,8 @@ target_include_directories(vexa_options INTERFACE ${CMAKE_SOURCE_DIR}/src)
 target_compile_options(vexa_options INTERFACE
     -Wall -Wextra -Wpedantic -Wshadow -Wold-style-cast -Wnon-virtual-dtor
     -Wconversion -Wfloat-conversion -Wdouble-promotion -Werror
+    # At -O3 this compiler takes the parts of a joined text for one another.
+    -Wno-restrict
     # A fused multiply-add is one rounding less than the figures are defined with.
     -ffp-contract=off)
 target_compile_definitions(vexa_options INTERFACE QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_KEYWORDS)

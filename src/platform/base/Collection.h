@@ -3,8 +3,9 @@
 #include "platform/base/Errors.h"
 #include "platform/base/Numbers.h"
 
-#include <algorithm>
+#include <bit>
 #include <cstddef>
+#include <cstdint>
 #include <utility>
 #include <vector>
 
@@ -21,12 +22,17 @@ public:
     /// Appends; throws DuplicateMember when the key is taken. References to members end here.
     Object& Add(Long key, Object object)
     {
-        const auto place = Place(key);
-        if (place != m_index.end() && place->first == key) {
+        if (Find(key) != nullptr) {
             throw DuplicateMember(m_name, key);
         }
-        m_index.emplace(place, key, m_objects.size());
-        return m_objects.emplace_back(std::move(object));
+        m_keys.push_back(key);
+        m_objects.push_back(std::move(object));
+        if (m_slots.size() < 2 * m_keys.size()) {
+            Reindex();
+        } else {
+            m_slots[SlotOf(key)] = static_cast<std::uint32_t>(m_keys.size());
+        }
+        return m_objects.back();
     }
 
     /// The member under the key; throws MissingMember.
@@ -43,8 +49,8 @@ public:
     /// The member under the key, or nothing.
     Object* Find(Long key)
     {
-        const auto place = Place(key);
-        return place != m_index.end() && place->first == key ? &m_objects[place->second] : nullptr;
+        const std::uint32_t place = m_slots.empty() ? 0 : m_slots[SlotOf(key)];
+        return place == 0 ? nullptr : &m_objects[place - 1];
     }
     const Object* Find(Long key) const { return const_cast<Collection*>(this)->Find(key); }
 
@@ -61,22 +67,16 @@ public:
     /// Takes the member away; throws MissingMember.
     void Remove(Long key)
     {
-        const auto place = Place(key);
-        if (place == m_index.end() || place->first != key) {
-            throw MissingMember(m_name, key);
-        }
-        const std::size_t position = place->second;
-        m_index.erase(place);
-        m_objects.erase(m_objects.begin() + static_cast<std::ptrdiff_t>(position));
-        for (auto& entry : m_index) {
-            entry.second -= entry.second > position ? 1 : 0;
-        }
+        const auto place = &Member(key) - m_objects.data();
+        m_objects.erase(m_objects.begin() + place);
+        m_keys.erase(m_keys.begin() + place);
+        Reindex();
     }
 
     void Reserve(std::size_t count)
     {
         m_objects.reserve(count);
-        m_index.reserve(count);
+        m_keys.reserve(count);
     }
     Long Count() const { return static_cast<Long>(m_objects.size()); }
     bool IsEmpty() const { return m_objects.empty(); }
@@ -86,21 +86,31 @@ public:
     auto end() const { return m_objects.end(); }
 
 private:
-    using Entry = std::pair<Long, std::size_t>;
-
-    auto Place(Long key)
+    /// Where the key stands in the index, or would stand. The index is never full.
+    std::size_t SlotOf(Long key) const
     {
-        // Keys mostly come in rising order, so the end is looked at first.
-        if (m_index.empty() || m_index.back().first < key) {
-            return m_index.end();
+        constexpr std::uint64_t kSpread = 0x9E3779B97F4A7C15; // two to the power of 64 by the golden ratio
+        const std::size_t mask = m_slots.size() - 1;
+        std::size_t slot = (static_cast<std::uint64_t>(key) * kSpread >> 32) & mask;
+        while (m_slots[slot] != 0 && m_keys[m_slots[slot] - 1] != key) {
+            slot = (slot + 1) & mask;
         }
-        return std::lower_bound(
-            m_index.begin(), m_index.end(), key, [](const Entry& entry, Long k) { return entry.first < k; });
+        return slot;
+    }
+
+    /// Makes the index anew, a quarter to half full.
+    void Reindex()
+    {
+        m_slots.assign(std::bit_ceil(4 * m_keys.size()), 0);
+        for (std::size_t place = 0; place < m_keys.size(); ++place) {
+            m_slots[SlotOf(m_keys[place])] = static_cast<std::uint32_t>(place + 1);
+        }
     }
 
     const char* m_name;
     std::vector<Object> m_objects;
-    std::vector<Entry> m_index; // rising keys, each with its place in m_objects
+    std::vector<Long> m_keys;           // of the objects, place by place
+    std::vector<std::uint32_t> m_slots; // each the place from 1 of a key, 0 where it is free
 };
 
 } // namespace platform

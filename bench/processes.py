@@ -1,0 +1,61 @@
+#!/usr/bin/env python3
+"""Whole processes, run by turns, as ratios: the companion against the engine's own shell, the desktop against a bare window.
+
+    bench/processes.py BUILD_FOLDER      e.g. build/dev; the desktop's part needs a display (xvfb-run -a ...)
+"""
+
+import os
+import pathlib
+import shutil
+import statistics
+import sys
+import tempfile
+import time
+
+RUNS = 25
+WARM_UP = 3
+
+
+def run(command, environment=None):
+    """CPU seconds, wall seconds and peak megabytes of one run."""
+    start = time.perf_counter()
+    child = os.fork()
+    if child == 0:
+        quiet = os.open(os.devnull, os.O_WRONLY)
+        os.dup2(quiet, 1)
+        os.dup2(quiet, 2)
+        os.execvpe(command[0], command, {**os.environ, **(environment or {})})
+    _, status, usage = os.wait4(child, 0)
+    wall = time.perf_counter() - start
+    if status != 0:
+        sys.exit(f"{command[0]} ended with status {status}")
+    return usage.ru_utime + usage.ru_stime, wall, usage.ru_maxrss / 1024
+
+
+def compare(what, ours, floor, environment=None):
+    """Runs both by turns and prints the medians and the ratios pair by pair."""
+    pairs = [(run(ours, environment), run(floor)) for _ in range(RUNS + WARM_UP)][WARM_UP:]
+    for column, name in enumerate(("cpu ms", "wall ms", "peak MB")):
+        scale = 1 if column == 2 else 1000
+        a = [pair[0][column] * scale for pair in pairs]
+        b = [pair[1][column] * scale for pair in pairs]
+        ratio = statistics.median(x / y for x, y in zip(a, b))
+        print(f"{what:32} {name:8} {statistics.median(a):8.1f} {statistics.median(b):8.1f}   ratio {ratio:5.2f}")
+
+
+def main():
+    build = pathlib.Path(sys.argv[1]).resolve()
+    with tempfile.TemporaryDirectory() as folder:
+        home = pathlib.Path(folder)
+        shutil.copy(build / "bin/QEL.new", home)
+        fire = str(home / "smith-creek.qel")
+        shutil.copy(build / "bin/samples/smith-creek.qel", fire)
+        surroundings = {"VEXA_HOME": str(home)}
+        compare("evaluate / sqlite3 .dump", [str(build / "bin/vexa-cli"), "evaluate", fire],
+                ["sqlite3", fire, ".dump"], surroundings)
+        if os.environ.get("DISPLAY"):
+            compare("first worksheet / bare window", [str(build / "bench/vexa_bench_start_vexa"), fire],
+                    [str(build / "bench/vexa_bench_start_bare")], surroundings)
+
+
+main()
