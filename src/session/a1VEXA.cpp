@@ -29,6 +29,7 @@ public:
 bool Follow(u11Datafile::Status status)
 {
     if (status == u11Datafile::Status::Ready) {
+        Call(Links().ClosePreview); // it shows the file before
         LoadFromFile();
     } else if (status == u11Datafile::Status::Failed) {
         ReturnToStart();

@@ -36,7 +36,7 @@ void CloseHandles()
 
 void OpenHandles(const std::string& path)
 {
-    CloseHandles();
+    CloseDatafile(); // where one is still open: exactly one file is open at a time
     gDatabase = std::make_unique<platform::Database>(path, platform::Database::Mode::Exclusive);
     gProperties = std::make_unique<platform::Recordset>(gDatabase->OpenTable("Properties"));
 }

@@ -1,8 +1,6 @@
 #pragma once
 
 #include <gtest/gtest.h>
-
-#include <sched.h>
 #include <sys/mount.h>
 #include <sys/resource.h>
 #include <sys/wait.h>
@@ -12,6 +10,7 @@
 #include <cstdio>
 #include <exception>
 #include <iostream>
+#include <sched.h>
 #include <string>
 
 namespace support {

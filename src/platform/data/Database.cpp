@@ -83,7 +83,7 @@ std::vector<std::string> Database::TableNames()
                          "LIKE 'sqlite\\_%' ESCAPE '\\' ORDER BY name COLLATE BINARY");
     std::vector<std::string> tables;
     while (names->Step()) {
-        tables.push_back(std::get<std::string>(names->Cell(0)));
+        tables.push_back(ToTextCell(names->Cell(0)));
     }
     return tables;
 }
@@ -108,7 +108,7 @@ std::vector<std::string> Database::IntegrityFaults()
     const StatementLoan check = m_engine->Borrow("PRAGMA integrity_check");
     std::vector<std::string> faults;
     while (check->Step()) {
-        faults.push_back(std::get<std::string>(check->Cell(0)));
+        faults.push_back(ToTextCell(check->Cell(0)));
     }
     return faults == std::vector<std::string>{"ok"} ? std::vector<std::string>() : faults;
 }

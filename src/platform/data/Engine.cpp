@@ -6,8 +6,11 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <cctype>
 #include <filesystem>
 #include <strings.h>
+#include <system_error>
+#include <utility>
 
 namespace platform {
 
@@ -32,6 +35,39 @@ std::int64_t NumberCell(const FieldValue& cell)
 {
     const auto* number = std::get_if<std::int64_t>(&cell);
     return number == nullptr ? 0 : *number;
+}
+
+/// What every database of the engine begins with. The engine itself takes a file of a few bytes for an empty
+/// database, which it would then write over.
+constexpr std::string_view kSignature("SQLite format 3\0", 16);
+constexpr int kHeaderSize = 20;
+constexpr std::size_t kReadVersion = 19; // the place in the header of the version that readers need
+constexpr char kWriteAhead = 2;
+
+/// A name that the engine takes for a plain path, whatever it begins with ("file:", ":memory:", nothing).
+std::string PlainName(const std::string& path) { return path.starts_with('/') ? path : "./" + path; }
+
+/// The file's name for the engine as one that nobody changes: neither locks nor files beside are needed.
+std::string UnchangingName(const std::string& path)
+{
+    constexpr std::string_view kHex = "0123456789ABCDEF";
+    std::string name = "file:";
+    for (const char c : PlainName(path)) {
+        const auto byte = static_cast<unsigned char>(c);
+        if (std::isalnum(byte) != 0 || c == '/' || c == '.') {
+            name += c;
+        } else {
+            name.append(1, '%').append(1, kHex[byte >> 4U]).append(1, kHex[byte & 0xFU]);
+        }
+    }
+    return name + "?immutable=1";
+}
+
+bool HasWriteAheadLog(const std::string& path)
+{
+    std::error_code error;
+    const std::string log = std::filesystem::weakly_canonical(path, error).string() + "-wal";
+    return std::filesystem::exists(log, error) && std::filesystem::file_size(log, error) > 0;
 }
 
 } // namespace
@@ -96,18 +132,40 @@ Database::Engine::~Engine()
 
 void Database::Engine::OpenFile(const std::string& path, Mode mode)
 {
-    // The engine takes a file of no bytes for an empty database, and would write a first page into it.
-    std::error_code error;
-    if (std::filesystem::file_size(path, error) == 0 && !error) {
-        throw DatabaseError(SQLITE_NOTADB, "Opening " + path + ": the file is empty");
+    Connect(PlainName(path), mode);
+    const std::string header = Header();
+    if (!header.starts_with(kSignature)) {
+        throw DatabaseError(SQLITE_NOTADB, "Opening " + path + ": file is not a database");
     }
-    // Neither SQLITE_OPEN_CREATE, which would make a missing file, nor SQLITE_OPEN_URI: a path is a path.
+    if (mode == Mode::ReadOnly && header[kReadVersion] == kWriteAhead && !HasWriteAheadLog(path)) {
+        // The engine would want to write beside such a file, even to read it.
+        sqlite3_close(std::exchange(m_connection, nullptr));
+        Connect(UnchangingName(path), mode);
+    }
+    // No kind of virtual table is known here, so none in a file can come to life.
+    sqlite3_drop_modules(m_connection, nullptr);
+}
+
+void Database::Engine::Connect(const std::string& name, Mode mode)
+{
+    // Without SQLITE_OPEN_CREATE, which would make a missing file.
     const int access = mode == Mode::ReadOnly ? SQLITE_OPEN_READONLY : SQLITE_OPEN_READWRITE;
-    const int result = sqlite3_open_v2(
-        path.c_str(), &m_connection, access | SQLITE_OPEN_EXRESCODE | SQLITE_OPEN_NOMUTEX, nullptr);
+    constexpr int kUsual = SQLITE_OPEN_EXRESCODE | SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_URI;
+    const int result = sqlite3_open_v2(name.c_str(), &m_connection, access | kUsual, nullptr);
     if (result != SQLITE_OK) {
-        ThrowEngineError(m_connection, result, "Opening " + path);
+        ThrowEngineError(m_connection, result, "Opening " + name);
     }
+}
+
+std::string Database::Engine::Header() const
+{
+    // Through the engine's own handle: closing another one would give up the locks that this process holds.
+    sqlite3_file* file = nullptr;
+    sqlite3_file_control(m_connection, "main", SQLITE_FCNTL_FILE_POINTER, &file);
+    std::string header(kHeaderSize, '\0');
+    const bool read = file != nullptr && file->pMethods != nullptr &&
+                      file->pMethods->xRead(file, header.data(), kHeaderSize, 0) == SQLITE_OK;
+    return read ? header : std::string();
 }
 
 void Database::Engine::Distrust()
@@ -131,12 +189,13 @@ void Database::Engine::Distrust()
 
 void Database::Engine::TakeExclusive(const std::string& path)
 {
-    const std::string folder = std::filesystem::path(path).parent_path().string();
+    // The engine's name for the file: links in it are resolved.
+    const std::filesystem::path file = sqlite3_db_filename(m_connection, "main");
     if (sqlite3_db_readonly(m_connection, "main") != 0) {
         throw DatabaseError(SQLITE_READONLY, "Opening " + path + ": the file is read-only");
     }
     // The journal of a change stands beside the file.
-    if (::access(folder.empty() ? "." : folder.c_str(), W_OK | X_OK) != 0) {
+    if (::access(file.parent_path().c_str(), W_OK | X_OK) != 0) {
         throw DatabaseError(SQLITE_READONLY_DIRECTORY, "Opening " + path + ": its folder is read-only");
     }
     Execute("BEGIN EXCLUSIVE; COMMIT");
@@ -216,8 +275,10 @@ TableInfo Database::Engine::ReadTable(std::string_view name)
 void Database::Engine::CheckWritable(TableInfo& table)
 {
     if (!m_journalSettled) {
-        Execute("PRAGMA journal_mode = DELETE");
-        m_journalSettled = true;
+        // Refused while a cursor walks through a write-ahead file; the next write tries again.
+        m_journalSettled =
+            sqlite3_exec(m_connection, "PRAGMA journal_mode = DELETE", nullptr, nullptr, nullptr) ==
+            SQLITE_OK;
     }
     if (table.writeChecked) {
         return;

@@ -73,6 +73,9 @@ public:
 
 private:
     void OpenFile(const std::string& path, Mode mode);
+    void Connect(const std::string& name, Mode mode);
+    /// The first bytes of the file; empty where it has not as many.
+    std::string Header() const;
     void Distrust();
     void TakeExclusive(const std::string& path);
     TableInfo ReadTable(std::string_view name);
