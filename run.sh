@@ -13,12 +13,17 @@ need_packages $packages_build $packages_run
 
 log=$build/run.log
 mkdir -p "$build"
-{
-    [ -f "$build/build.ninja" ] || cmake --preset release -S "$here" -B "$build"
-    ninja -C "$build"
-} >"$log" 2>&1 || {
+
+build_first_time() {
+    echo "Building VEXA Basic. The first time takes some minutes." >&2
+    cmake --preset release -S "$here" -B "$build" >"$log" 2>&1 && ninja -C "$build" >&2
+}
+build_changes() { ninja -C "$build" >"$log" 2>&1; }
+
+if [ -f "$build/build.ninja" ]; then step=build_changes; else step=build_first_time; fi
+"$step" || {
     cat "$log" >&2
-    echo "The build failed; what it said stands above and in $log" >&2
+    echo "The build failed. What it said stands above." >&2
     exit 1
 }
 

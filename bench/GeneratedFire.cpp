@@ -48,6 +48,6 @@ UPDATE NVCPerAcre SET Fil4 = -10.5, Fil2 = 3.25;
 void GenerateFire(const std::string& path, int alternatives)
 {
     constexpr int kMost = 100;
-    support::ExecuteSql(path,
-                        "BEGIN;" + Numbers("numbers", kMost) + Numbers("fires", alternatives) + kRows + "COMMIT");
+    support::ExecuteSql(
+        path, "BEGIN;" + Numbers("numbers", kMost) + Numbers("fires", alternatives) + kRows + "COMMIT");
 }

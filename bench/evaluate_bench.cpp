@@ -1,5 +1,6 @@
-// Every figure of a file, from open to the last one, against reading every row once through the bare engine; and how the
-// first grows from 100 to 1,000 alternatives. Prints Google Benchmark's figures, then the ratios of medians.
+// Every figure of a file, from open to the last one, against reading every row once through the bare engine;
+// and how the first grows from 100 to 1,000 alternatives. Prints Google Benchmark's figures, then the ratios
+// of medians.
 
 #include "BareRead.h"
 #include "EveryFigure.h"
@@ -36,7 +37,8 @@ public:
         if (m_medians.count(a) == 0 || m_medians.count(b) == 0) {
             return; // left out by a filter
         }
-        std::printf("%-46s %6.2f   (wanted: at most %g)\n", what.c_str(), m_medians.at(a) / m_medians.at(b), limit);
+        std::printf(
+            "%-46s %6.2f   (wanted: at most %g)\n", what.c_str(), m_medians.at(a) / m_medians.at(b), limit);
     }
 
 private:
@@ -45,11 +47,15 @@ private:
 
 template <double (*Work)(const std::string&)> void Register(const std::string& name, const std::string& path)
 {
-    benchmark::RegisterBenchmark(name.c_str(), [path](benchmark::State& state) {
-        for (auto _ : state) {
-            benchmark::DoNotOptimize(Work(path));
-        }
-    })->Repetitions(9)->ReportAggregatesOnly()->Unit(benchmark::kMillisecond);
+    benchmark::RegisterBenchmark(name.c_str(),
+                                 [path](benchmark::State& state) {
+                                     for (auto _ : state) {
+                                         benchmark::DoNotOptimize(Work(path));
+                                     }
+                                 })
+        ->Repetitions(9)
+        ->ReportAggregatesOnly()
+        ->Unit(benchmark::kMillisecond);
 }
 
 void RegisterPair(const std::string& name, const std::string& path)
@@ -83,7 +89,9 @@ int main(int argc, char** argv)
     Medians medians;
     benchmark::RunSpecifiedBenchmarks(&medians);
     medians.PrintRatio("Smith Creek: figures / bare read", "smith-creek.figures", "smith-creek.bare", 5);
-    medians.PrintRatio("1,000 alternatives: figures / bare read", "fire-of-1000.figures", "fire-of-1000.bare", 5);
-    medians.PrintRatio("figures: 1,000 / 100 alternatives", "fire-of-1000.figures", "fire-of-100.figures", 11);
+    medians.PrintRatio(
+        "1,000 alternatives: figures / bare read", "fire-of-1000.figures", "fire-of-1000.bare", 5);
+    medians.PrintRatio(
+        "figures: 1,000 / 100 alternatives", "fire-of-1000.figures", "fire-of-100.figures", 11);
     return 0;
 }

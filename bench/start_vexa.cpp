@@ -1,4 +1,5 @@
-// The program's start with a file, ended as soon as its first worksheet is on the screen. Takes the path alone.
+// The program's start with a file, ended as soon as its first worksheet is on the screen. Takes the path
+// alone.
 
 #include "FirstPaint.h"
 #include "common/ConnectConversions.h"
