@@ -113,7 +113,7 @@ Database::Engine::Engine(const std::string& path, Mode mode)
 {
     try {
         OpenFile(path, mode);
-        Distrust();
+        Distrust(path);
         if (mode == Mode::Exclusive) {
             TakeExclusive(path);
         }
@@ -168,7 +168,7 @@ std::string Database::Engine::Header() const
     return read ? header : std::string();
 }
 
-void Database::Engine::Distrust()
+void Database::Engine::Distrust(const std::string& path)
 {
     const auto configure = [this](int option, int value) {
         sqlite3_db_config(m_connection, option, value, static_cast<int*>(nullptr));
@@ -184,7 +184,8 @@ void Database::Engine::Distrust()
     sqlite3_limit(m_connection, SQLITE_LIMIT_ATTACHED, 0);
     Execute(
         "PRAGMA cell_size_check = ON; PRAGMA ignore_check_constraints = ON; PRAGMA locking_mode = EXCLUSIVE;"
-        "PRAGMA synchronous = FULL");
+        "PRAGMA synchronous = FULL",
+        "Opening " + path);
 }
 
 void Database::Engine::TakeExclusive(const std::string& path)
@@ -198,7 +199,7 @@ void Database::Engine::TakeExclusive(const std::string& path)
     if (::access(file.parent_path().c_str(), W_OK | X_OK) != 0) {
         throw DatabaseError(SQLITE_READONLY_DIRECTORY, "Opening " + path + ": its folder is read-only");
     }
-    Execute("BEGIN EXCLUSIVE; COMMIT");
+    Execute("BEGIN EXCLUSIVE; COMMIT", "Opening " + path);
 }
 
 StatementLoan Database::Engine::Borrow(const std::string& sql)
@@ -212,11 +213,11 @@ StatementLoan Database::Engine::Borrow(const std::string& sql)
     return {&shelf, std::move(statement)};
 }
 
-void Database::Engine::Execute(const std::string& sql)
+void Database::Engine::Execute(const std::string& sql, const std::string& doing)
 {
     const int result = sqlite3_exec(m_connection, sql.c_str(), nullptr, nullptr, nullptr);
     if (result != SQLITE_OK) {
-        ThrowEngineError(m_connection, result, sql);
+        ThrowEngineError(m_connection, result, doing);
     }
 }
 

@@ -63,7 +63,8 @@ public:
 
     /// A statement for this text that nobody else is using.
     StatementLoan Borrow(const std::string& sql);
-    void Execute(const std::string& sql);
+    /// `doing` stands in the error's text, for those who read the log.
+    void Execute(const std::string& sql, const std::string& doing);
     /// How many rows the last write touched.
     int ChangedRows() const;
     /// Throws DatabaseError for what is no plain table of the file.
@@ -76,7 +77,7 @@ private:
     void Connect(const std::string& name, Mode mode);
     /// The first bytes of the file; empty where it has not as many.
     std::string Header() const;
-    void Distrust();
+    void Distrust(const std::string& path);
     void TakeExclusive(const std::string& path);
     TableInfo ReadTable(std::string_view name);
     void CheckPlainTable(std::string_view name);

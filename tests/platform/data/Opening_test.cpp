@@ -188,6 +188,17 @@ TEST_F(OpeningTest, ASecondOpenerInThisProcess_FailsAtTheOpen)
     EXPECT_EQ(Fault(path), 0);
 }
 
+TEST_F(OpeningTest, AFileThatIsOpenAlready_TheLogIsToldWhatWasBeingDone)
+{
+    const Database first(path, Database::Mode::Exclusive);
+    try {
+        const Database second(path, Database::Mode::Exclusive);
+        FAIL() << "opened twice";
+    } catch (const DatabaseError& error) {
+        EXPECT_EQ(std::string(error.what()), "Opening " + path + ": database is locked");
+    }
+}
+
 TEST_F(OpeningTest, AFileThatAnotherProcessHasOpen_IsRefusedUntilItIsClosed)
 {
     WhileAnotherProcessHasItOpen([this] {
