@@ -8,8 +8,10 @@ target_include_directories(vexa_options INTERFACE ${CMAKE_SOURCE_DIR}/src)
 target_compile_options(vexa_options INTERFACE
     -Wall -Wextra -Wpedantic -Wshadow -Wold-style-cast -Wnon-virtual-dtor
     -Wconversion -Wfloat-conversion -Wdouble-promotion -Werror
-    # At -O3 this compiler takes the parts of a joined text for one another.
+    # At -O3 the compiler takes the parts of a joined text for one another.
     -Wno-restrict
+    # At -O2 it takes the other alternative of a variant for one that was never set.
+    -Wno-maybe-uninitialized
     # A fused multiply-add is one rounding less than the figures are defined with.
     -ffp-contract=off)
 target_compile_definitions(vexa_options INTERFACE QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_KEYWORDS)

@@ -1,8 +1,8 @@
 # A room is a folder of src/ made into one library that is linked to what it may see.
 
-# vexa_room(NAME FOLDER [LINKS targets...] [PRIVATE targets...] [PCH headers...])
+# vexa_room(NAME FOLDER [QT] [LINKS targets...] [PRIVATE targets...] [PCH headers...]); QT: its classes have signals.
 function(vexa_room name folder)
-    cmake_parse_arguments(arg "" "" "LINKS;PRIVATE;PCH" ${ARGN})
+    cmake_parse_arguments(arg "QT" "" "LINKS;PRIVATE;PCH" ${ARGN})
     file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/src/${folder}/*.cpp
          ${CMAKE_SOURCE_DIR}/src/${folder}/*.h)
     if(NOT sources MATCHES "\\.cpp")
@@ -10,7 +10,7 @@ function(vexa_room name folder)
         list(APPEND sources ${CMAKE_BINARY_DIR}/empty/${name}.cpp)
     endif()
     add_library(${name} STATIC ${sources})
-    set_target_properties(${name} PROPERTIES LINKER_LANGUAGE CXX)
+    set_target_properties(${name} PROPERTIES LINKER_LANGUAGE CXX AUTOMOC ${arg_QT})
     target_link_libraries(${name} PUBLIC vexa_options ${arg_LINKS} PRIVATE ${arg_PRIVATE})
     if(VEXA_PCH AND arg_PCH)
         target_precompile_headers(${name} PRIVATE ${arg_PCH})

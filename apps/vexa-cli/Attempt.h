@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/base/Errors.h"
+#include "platform/data/DatabaseError.h"
 #include "vexa-cli/JsonWriter.h"
 
 #include <optional>
@@ -10,15 +11,19 @@
 namespace vexa_cli {
 
 /// The result of a calculation, or nothing when it fails (a division by zero, an overflow, a missing member,
-/// a fault of the file).
+/// a cell that cannot be read). Throws DatabaseError when the file itself is lost.
 template <class Calculation> auto Attempt(Calculation calculation)
 {
     using Result = std::decay_t<decltype(calculation())>;
     try {
         return std::optional<Result>(calculation());
-    } catch (const platform::Error&) {
-        return std::optional<Result>();
+    } catch (const platform::DatabaseError& error) {
+        if (error.FileIsLost()) {
+            throw;
+        }
+    } catch (const platform::Error&) { // the figure is none
     }
+    return std::optional<Result>();
 }
 
 /// The address of what a function refers to, or nothing when it fails.

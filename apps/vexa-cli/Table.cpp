@@ -114,6 +114,14 @@ std::string FireText()
     return name.value_or("").empty() ? "Fire without a name" : *name;
 }
 
+/// The whole of it, so that a file that is lost half way prints nothing.
+std::string DecisionText(const g51Alternatives::Alternatives& alternatives)
+{
+    return FireText() + "\n\nExpected values of the alternatives\n\n" +
+           (alternatives.IsEmpty() ? "   There are no alternatives yet.\n" : AlternativesText(alternatives)) +
+           "\nOutcomes (days to contain and to control)\n\n" + OutcomesText(alternatives);
+}
+
 } // namespace
 
 ExitStatus Table(const Request& request, Console& console)
@@ -122,11 +130,7 @@ ExitStatus Table(const Request& request, Console& console)
     if (file.Status() != ExitStatus::Done) {
         return file.Status();
     }
-    const g51Alternatives::Alternatives& alternatives = g51Alternatives::AlternativeCollection();
-    console.out << FireText() << "\n\nExpected values of the alternatives\n\n";
-    console.out << (alternatives.IsEmpty() ? "   There are no alternatives yet.\n"
-                                           : AlternativesText(alternatives));
-    console.out << "\nOutcomes (days to contain and to control)\n\n" << OutcomesText(alternatives);
+    console.out << DecisionText(g51Alternatives::AlternativeCollection());
     return ExitStatus::Done;
 }
 

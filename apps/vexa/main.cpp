@@ -1,10 +1,5 @@
-#include "common/ConnectConversions.h"
-#include "common/ConnectStores.h"
 #include "platform/widgets/Application.h"
-#include "platform/widgets/QtDesktop.h"
-#include "session/SessionState.h"
-#include "worksheets/ConnectScreens.h"
-#include "worksheets/frm0_VEXA.h"
+#include "vexa/Program.h"
 
 #include <string>
 
@@ -14,8 +9,9 @@ namespace {
 std::string CommandLine(int argc, char** argv)
 {
     std::string line;
-    for (int i = 1; i < argc; ++i)
+    for (int i = 1; i < argc; ++i) {
         line += (i == 1 ? "" : " ") + std::string(argv[i]);
+    }
     return line;
 }
 
@@ -26,13 +22,7 @@ int main(int argc, char** argv)
     // The toolkit sees the program's name alone: no option of its own is taken from the command line.
     int toolkitArguments = 1;
     platform::Application application(toolkitArguments, argv);
-    platform::QtDesktop desktop(QString::fromUtf8(kProgramTitle));
-    platform::SetDesktop(&desktop);
-    ConnectStores();
-    ConnectConversions();
-    frm0_VEXA window;
-    ConnectScreens(window);
-    window.MDIForm_Load(CommandLine(argc, argv));
-    window.ShowAsFitted();
+    Program program;
+    program.Start(CommandLine(argc, argv));
     return application.exec();
 }

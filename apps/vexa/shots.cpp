@@ -2,15 +2,12 @@
 // pictures, light and dark, at 800 x 600 and at the given size. Runs without a display with
 // QT_QPA_PLATFORM=offscreen.
 
-#include "common/ConnectConversions.h"
-#include "common/ConnectStores.h"
 #include "platform/widgets/Application.h"
-#include "platform/widgets/QtDesktop.h"
 #include "platform/widgets/TabStrip.h"
 #include "platform/widgets/Theme.h"
 #include "session/SessionState.h"
 #include "session/a1VEXA.h"
-#include "worksheets/ConnectScreens.h"
+#include "vexa/Program.h"
 #include "worksheets/WorksheetTable.h"
 #include "worksheets/frm02Tabs.h"
 #include "worksheets/frm0_VEXA.h"
@@ -78,16 +75,11 @@ int main(int argc, char** argv)
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
     int toolkitArguments = 1;
     platform::Application application(toolkitArguments, argv);
-    platform::QtDesktop desktop(QString::fromUtf8(kProgramTitle));
-    platform::SetDesktop(&desktop);
-    ConnectStores();
-    ConnectConversions();
-    frm0_VEXA window;
-    ConnectScreens(window);
+    Program program;
+    frm0_VEXA& window = program.Window();
     Photographer photographer(window, QString::fromLocal8Bit(argv[2]));
     if (argc >= 5) photographer.SetSize({QByteArray(argv[3]).toInt(), QByteArray(argv[4]).toInt()});
-    window.MDIForm_Load("");
-    window.ShowAsFitted();
+    program.Start("");
     photographer.Take(QStringLiteral("start"));
     a1VEXA::StartWithFile(argv[1]);
     if (window.Tabs() == nullptr) return 1;

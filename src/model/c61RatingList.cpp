@@ -3,25 +3,11 @@
 #include "model/g41Objectives.h"
 #include "model/g42SafetyIssues.h"
 #include "session/SessionState.h"
+#include "values/RowWalks.h"
 
-#include <cmath>
 #include <optional>
 
 namespace {
-
-/// The key in a cell; nothing where it is no 32-bit whole number, for then no seek would find the row.
-std::optional<Long> KeyIn(const platform::FieldValue& cell)
-{
-    Double value = std::nan("");
-    if (const auto* whole = std::get_if<std::int64_t>(&cell)) {
-        value = static_cast<Double>(*whole);
-    } else if (const auto* floating = std::get_if<Double>(&cell)) {
-        value = *floating;
-    }
-    const bool isKey = value >= std::numeric_limits<Long>::min() &&
-                       value <= std::numeric_limits<Long>::max() && std::nearbyint(value) == value;
-    return isKey ? std::optional(platform::ToLong(value)) : std::nullopt;
-}
 
 /// A rating without a row in its place in the collection, which has room for it.
 c62Rating& AddRating(platform::Collection<c62Rating>& ratings,
@@ -98,7 +84,7 @@ void c61RatingList::ReadScores(Long outcomeKey)
     // One query for the outcome; of rows that belong to no criterion nothing but the key is looked at.
     platform::Recordset rows = OpenDatabase().OpenQuery(platform::Query::ScoresOfOutcome, outcomeKey);
     for (; !rows.Eof(); rows.MoveNext()) {
-        const std::optional<Long> key = KeyIn(rows.Value("CriterionKey"));
+        const std::optional<Long> key = RowWalks::KeyIn(rows, "CriterionKey");
         for (Ratings* ratings : {&m_objectives, &m_safetyIssues}) {
             if (c62Rating* rating = key ? ratings->Find(*key) : nullptr) {
                 rating->ReadRow(rows);

@@ -15,16 +15,6 @@ namespace a1VEXA {
 
 namespace {
 
-/// The hourglass for as long as it lives.
-class Hourglass
-{
-public:
-    Hourglass() { platform::TheDesktop().SetPointer(platform::Pointer::Hourglass); }
-    Hourglass(const Hourglass&) = delete;
-    Hourglass& operator=(const Hourglass&) = delete;
-    ~Hourglass() { platform::TheDesktop().SetPointer(platform::Pointer::Default); }
-};
-
 /// What each answer of a query leads to; true when a file is ready and shown.
 bool Follow(u11Datafile::Status status)
 {
@@ -70,7 +60,7 @@ void SaveFileAs() { Follow(u11Datafile::QuerySaveDatafileAs()); }
 void LoadFromFile()
 {
     u91Trace::Trace("a1VEXA.LoadFromFile");
-    const Hourglass hourglass;
+    const platform::Hourglass hourglass;
     ClearAllStores();
     Call(Links().SetStartBackground);
     Call(Links().SetTitleBar, g2Situation::GetItem(g0Items::FireName)->Body());

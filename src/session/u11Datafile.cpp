@@ -75,9 +75,36 @@ bool SettleDatafile(const std::string& path, bool isNew, const char* words)
 
 Status StatusOf(bool ready) { return ready ? Status::Ready : Status::Failed; }
 
+/// A data file that is to be replaced, held so that nobody opens it meanwhile; nothing where no data file
+/// stands. Throws DatabaseError for one that another program has open or that is read-only.
+std::unique_ptr<platform::Database> HoldTarget(const std::string& target)
+{
+    if (platform::FileExists(target)) {
+        try {
+            return std::make_unique<platform::Database>(target, platform::Database::Mode::Exclusive);
+        } catch (const platform::DatabaseError& error) {
+            if (error.FileIsKept()) {
+                throw;
+            }
+        }
+    }
+    return nullptr;
+}
+
+/// The cause of a failure, empty for success.
+std::string CopyOver(const std::string& source, const std::string& target)
+{
+    try {
+        const std::unique_ptr<platform::Database> held = HoldTarget(target);
+        return platform::CopyWhole(source, target);
+    } catch (const platform::DatabaseError& error) {
+        return error.what();
+    }
+}
+
 bool CopyDatafile(const std::string& source, const std::string& target, const char* words)
 {
-    const std::string cause = platform::CopyWhole(source, target);
+    const std::string cause = CopyOver(source, target);
     if (!cause.empty()) {
         u91Trace::TraceError("Copying " + source + " to " + target + ": " + cause);
         platform::ShowMessage({words});

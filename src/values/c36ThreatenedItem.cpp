@@ -114,7 +114,7 @@ void c36ThreatenedItem::SaveValueAtRisk()
     } else {
         valuesAtRisk.Edit();
     }
-    valuesAtRisk.Set("PotentialLoss", m_potentialLoss);
-    valuesAtRisk.Set("Probability", m_probability);
+    valuesAtRisk.Set("PotentialLoss", platform::ToSingle(m_potentialLoss));
+    valuesAtRisk.Set("Probability", Long(platform::ToInteger(m_probability)));
     valuesAtRisk.Update();
 }

@@ -149,6 +149,6 @@ void c66ItemImpact::SaveProtection()
 {
     platform::Recordset rows = OpenDatabase().OpenTable("ValuesProtected");
     EditOrAdd(rows, m_outcomeKey, m_itemKey);
-    rows.Set("Protection", m_protectionLevel);
+    rows.Set("Protection", Long(platform::ToInteger(m_protectionLevel)));
     rows.Update();
 }

@@ -42,10 +42,22 @@ Items& EnsureItems()
     return *items;
 }
 
-std::string GridRowOf(c36ThreatenedItem& item)
+/// Adds a row; a tab in a name must not push the figures into the next column.
+void AddGridRow(platform::GridContents& grid, const std::shared_ptr<c36ThreatenedItem>& item)
 {
-    return item.ItemName() + "\t" + platform::Format(item.PotentialLoss(), "#,0") + "\t" +
-           platform::TextOf(item.Probability()) + "\t" + platform::Format(item.ValueAtRisk(), "#,0");
+    const std::string texts[] = {item->ItemName(),
+                                 platform::Format(item->PotentialLoss(), "#,0"),
+                                 platform::TextOf(item->Probability()),
+                                 platform::Format(item->ValueAtRisk(), "#,0")};
+    grid.AddItem("");
+    const Long row = grid.Rows() - 1;
+    Long column = 0;
+    for (const std::string& text : texts) {
+        if (column < grid.Cols()) {
+            grid.SetText(row, column++, text);
+        }
+    }
+    grid.SetRowData(row, item);
 }
 
 } // namespace
@@ -73,8 +85,7 @@ void g36ThreatenedItems::FillThreatenedItemGrid(platform::GridContents& grid)
 {
     grid.SetRows(1);
     for (const auto& item : EnsureItems()) {
-        grid.AddItem(GridRowOf(*item));
-        grid.SetRowData(grid.Rows() - 1, item);
+        AddGridRow(grid, item);
     }
 }
 

@@ -31,16 +31,6 @@ constexpr int kLeft = 120;  // twips, as all lengths here
 constexpr int kSides = 240; // left and right of a worksheet together
 constexpr int kAboveStrips = 15;
 
-/// The hourglass for as long as it lives.
-class Hourglass
-{
-public:
-    Hourglass() { platform::TheDesktop().SetPointer(platform::Pointer::Hourglass); }
-    Hourglass(const Hourglass&) = delete;
-    Hourglass& operator=(const Hourglass&) = delete;
-    ~Hourglass() { platform::TheDesktop().SetPointer(platform::Pointer::Default); }
-};
-
 void UnloadForm()
 {
     if (g_form != nullptr) g_form->Unload();
@@ -93,7 +83,7 @@ void DisplayWorksheet(int worksheetNumber)
     if (entry == nullptr) return;
     Worksheet& form = EnsureForm(*entry);
     if (std::string_view(entry->key) == "tab63") {
-        const Hourglass hourglass;
+        const platform::Hourglass hourglass;
         form.Setup();
     } else {
         form.Setup();

@@ -145,6 +145,24 @@ TEST_F(BadFiles, DamagedBytesAnywhere_NeitherCrashNorChangeTheFile)
     }
 }
 
+TEST_F(BadFiles, DamagedPageBehindTheDoor_IsAFailureAndNoDocument)
+{
+    const std::string file = CopySample("juniper-gap");
+    const int page = std::stoi(
+        support::QuerySql(file, "SELECT rootpage FROM sqlite_schema WHERE name = 'Scores'").front().front());
+    std::string bytes = support::ReadFile(file);
+    constexpr std::size_t kPageSize = 4096;
+    bytes.replace(
+        (static_cast<std::size_t>(page) - 1) * kPageSize, kPageSize, std::string(kPageSize, '\x5A'));
+    support::WriteFile(file, bytes);
+    for (const char* command : {"evaluate", "table"}) {
+        const Result result = Run({command, file});
+        EXPECT_EQ(result.status, 1) << command;
+        EXPECT_EQ(result.out, "") << command;
+        EXPECT_NE(result.err.find("malformed"), std::string::npos) << result.err;
+    }
+}
+
 TEST_F(BadFiles, FaultsInTheTables_LeaveADocumentWithNulls)
 {
     for (const char* table : {"Items",

@@ -50,6 +50,19 @@ TEST_F(c61RatingListTest, TotalScore_FourCategories_AddsQuarters)
     EXPECT_EQ(Ratings(Scores({{3, "10"}, {4, "10"}, {5, "0"}, {6, "0"}})).TotalScore(), 5.0F);
 }
 
+TEST_F(c61RatingListTest, KeysHeldAsText_AreFoundAsASeekFindsThem)
+{
+    const c61RatingList& ratings = Ratings(
+        Scores({{3, "8"}}) +
+        "CREATE TABLE copy (OutcomeKey TEXT, CriterionKey TEXT, Value REAL, Description TEXT, "
+        "PRIMARY KEY (OutcomeKey, CriterionKey)) WITHOUT ROWID; INSERT INTO copy SELECT * FROM Scores;"
+        "DROP TABLE Scores; ALTER TABLE copy RENAME TO Scores;");
+    c62Rating sought;
+    sought.Initialize(kExtremeKey, 3, false, true);
+    EXPECT_EQ(sought.RawScore(), 8.0F);
+    EXPECT_EQ(ratings.RawObjScore(3), 8.0F);
+}
+
 TEST_F(c61RatingListTest, TotalScore_FiveCategories_KeepsTheQuarterForEach)
 {
     const std::string fifth = "UPDATE Objectives SET SiblingKey = 7 WHERE \"Key\" = 6;"

@@ -221,6 +221,37 @@ TEST_F(u11DatafileTest, QueryNew_OverAnExistingFile_AsksFirst)
     EXPECT_EQ(Query("SELECT * FROM Items WHERE Body = 'mine'"), support::Rows());
 }
 
+TEST_F(u11DatafileTest, QueryNew_OverAFileThatAnotherHasOpen_LeavesItWhole)
+{
+    const std::string file = MakeFile({}, "Held.qel");
+    const std::string before = ReadFile(file);
+    const platform::Database holder(file, platform::Database::Mode::Exclusive);
+    desktop.ExpectText({"Unable to create new file."});
+    EXPECT_EQ(u11Datafile::CreateDatafile(file), Status::Failed);
+    EXPECT_TRUE(ReadFile(file) == before);
+    EXPECT_NE(ErrorLog().find("database is locked"), std::string::npos);
+}
+
+TEST_F(u11DatafileTest, SaveAs_OntoAFileThatAnotherHasOpen_LeavesItWhole)
+{
+    OpenNew();
+    u14Properties::Property_Set("FullFileName", path);
+    const std::string file = MakeFile({}, "Held.qel");
+    const std::string before = ReadFile(file);
+    const platform::Database holder(file, platform::Database::Mode::Exclusive);
+    desktop.ExpectFile("Save As New VEXA Plus file", file);
+    ExpectReplaceQuestion("Delete", platform::Answer::Yes);
+    desktop.ExpectText({"Unable to save file."});
+    EXPECT_EQ(u11Datafile::QuerySaveDatafileAs(), Status::Failed);
+    EXPECT_TRUE(ReadFile(file) == before);
+}
+
+TEST_F(u11DatafileTest, QueryNew_OverAFileThatIsNoDataFile_TakesItsPlace)
+{
+    support::WriteFile(folder.File("Notes.qel"), "not a database");
+    EXPECT_EQ(u11Datafile::CreateDatafile(folder.File("Notes.qel")), Status::Ready);
+}
+
 TEST_F(u11DatafileTest, QueryNew_OverTheOpenFile_StartsItAnew)
 {
     OpenNew("UPDATE Properties SET Value = 'x' WHERE Property = 'FullFileName'; INSERT INTO Items (ItemKey) "

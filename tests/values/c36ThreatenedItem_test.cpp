@@ -89,6 +89,25 @@ TEST_F(ThreatenedItem, StoredNegativeLossRead_IsSavedAsZeroWithTheNextChange)
     EXPECT_EQ(Query("SELECT PotentialLoss, Probability FROM ValuesAtRisk"), (support::Rows{{"0.0", "100"}}));
 }
 
+TEST_F(ThreatenedItem, SaveChanges_StoresTheLossAsASingle)
+{
+    c36ThreatenedItem item = LoadStored("1");
+    item.SetPotentialLoss(123456.7);
+    item.SaveChanges();
+    EXPECT_EQ(Query("SELECT PotentialLoss = 123456.703125 FROM ValuesAtRisk"), (support::Rows{{"1"}}));
+}
+
+TEST_F(ThreatenedItem, SaveChanges_FigureBeyondItsColumn_IsAnOverflowAndWritesNothing)
+{
+    c36ThreatenedItem item = LoadStored("1");
+    item.SetPotentialLoss(1e39);
+    EXPECT_THROW(item.SaveChanges(), platform::Overflow);
+    item.SetPotentialLoss(5);
+    item.SetProbabilityLabel("99999");
+    EXPECT_THROW(item.SaveChanges(), platform::Overflow);
+    EXPECT_EQ(Query("SELECT PotentialLoss FROM ValuesAtRisk"), (support::Rows{{"1.0"}}));
+}
+
 TEST(ThreatenedItemFigures, NegativeLossWritten_IsStoredButReadsAsZero)
 {
     c36ThreatenedItem item;

@@ -17,6 +17,10 @@ Desktop& TheDesktop()
 
 void SetDesktop(Desktop* desktop) { g_desktop = desktop; }
 
+Hourglass::Hourglass() { TheDesktop().SetPointer(Pointer::Hourglass); }
+
+Hourglass::~Hourglass() { TheDesktop().SetPointer(Pointer::Default); }
+
 void ShowMessage(std::vector<std::string> lines)
 {
     Message message;

@@ -62,6 +62,16 @@ public:
 Desktop& TheDesktop();
 void SetDesktop(Desktop* desktop);
 
+/// The hourglass from constructor to destructor.
+class Hourglass
+{
+public:
+    Hourglass();
+    Hourglass(const Hourglass&) = delete;
+    Hourglass& operator=(const Hourglass&) = delete;
+    ~Hourglass();
+};
+
 /// A plain message box with OK, of these lines.
 void ShowMessage(std::vector<std::string> lines);
 

@@ -268,6 +268,7 @@ TableInfo Database::Engine::ReadTable(std::string_view name)
         table.keys.push_back(column);
     }
     if (table.keys.empty()) {
+        table.hasKey = false;
         table.keys.emplace_back("rowid");
     }
     return table;

@@ -22,6 +22,7 @@ struct TableInfo
     std::string name;
     std::vector<Column> columns;
     std::vector<std::string> keys; // of the primary key, in its order; "rowid" where there is none
+    bool hasKey = true;
     bool writeChecked = false;
 
     /// The place of a column, letters of either case; -1 where there is none.

@@ -73,6 +73,7 @@ bool RecordsetState::Take(StatementLoan& statement)
 
 void RecordsetState::Seek(const std::vector<FieldValue>& keys)
 {
+    RequireKey();
     if (IsQuery() || keys.size() != m_table.keys.size()) {
         Misuse("Seek needs the whole key of a table, " + m_table.name);
     }
@@ -93,6 +94,7 @@ bool RecordsetState::MoveFirst()
 bool RecordsetState::MoveLast()
 {
     if (!IsQuery()) {
+        RequireKey();
         m_walk = StatementLoan();
         StatementLoan last = Begin(Select(KeyOrder(" DESC") + " LIMIT 1"), {});
         return Take(last);
@@ -236,8 +238,17 @@ void RecordsetState::RunOnRow(const std::string& sql, const std::vector<FieldVal
     }
 }
 
+/// Without a key rows can be walked, in the order they were stored, but neither found nor told apart.
+void RecordsetState::RequireKey() const
+{
+    if (!m_table.hasKey) {
+        throw DatabaseError(SQLITE_ERROR, m_table.name + " has no primary key");
+    }
+}
+
 std::vector<FieldValue> RecordsetState::CurrentKey() const
 {
+    RequireKey();
     std::vector<FieldValue> key;
     for (const std::string& column : m_table.keys) {
         key.push_back(Cell(column));

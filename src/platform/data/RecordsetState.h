@@ -52,6 +52,7 @@ private:
     bool Take(StatementLoan& statement);
     std::vector<FieldValue> CurrentKey() const;
     void RequireRow() const;
+    void RequireKey() const;
     void Insert();
     void Change();
     void Run(const std::string& sql, const std::vector<FieldValue>& parameters);

@@ -107,6 +107,4 @@ void Statement::CopyCell(int column, FieldValue& cell)
     target.assign(static_cast<const char*>(bytes), bytes == nullptr ? 0 : size);
 }
 
-std::string Statement::ColumnName(int column) const { return sqlite3_column_name(m_handle, column); }
-
 } // namespace platform

@@ -31,8 +31,6 @@ public:
     /// Puts the current row's cells into `row`, which keeps its memory from row to row.
     void CopyRow(std::vector<FieldValue>& row);
     FieldValue Cell(int column);
-    int ColumnCount() const { return m_columnCount; }
-    std::string ColumnName(int column) const;
 
 private:
     void CopyCell(int column, FieldValue& cell);

@@ -29,6 +29,21 @@ protected:
 
 } // namespace
 
+TEST_F(RecordsetTest, ATableWithoutAKey_IsWalkedAsStoredButNothingIsSoughtOrChangedInIt)
+{
+    Recordset rows =
+        MakeAndOpen(
+            "CREATE TABLE Items (ItemKey INTEGER, Body TEXT); INSERT INTO Items VALUES (7, 'a'), (1, 'b')")
+            .OpenTable("Items");
+    rows.MoveFirst();
+    EXPECT_EQ(Column(rows, "Body"), (Texts{"a", "b"}));
+    EXPECT_THROW(rows.Seek(1), DatabaseError) << "the second row's own number is no key";
+    EXPECT_THROW(rows.MoveLast(), DatabaseError);
+    rows.MoveFirst();
+    EXPECT_THROW(rows.Delete(), DatabaseError);
+    EXPECT_THROW(database->LastKeyInTable("Items", "ItemKey"), DatabaseError);
+}
+
 TEST_F(RecordsetTest, ATable_IsWalkedInTheOrderOfItsKey)
 {
     Recordset items = OpenItems();
