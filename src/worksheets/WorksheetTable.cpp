@@ -1,6 +1,7 @@
 #include "worksheets/WorksheetTable.h"
 
 #include "worksheets/frm11Intro.h"
+#include "worksheets/frm22General.h"
 #include "worksheets/frm63DecisionTree.h"
 #include "worksheets/frmNotBuilt.h"
 
@@ -25,7 +26,7 @@ constexpr auto kReset = AfterUnload::ResetAlternatives;
 // clang-format off
 const std::vector<WorksheetEntry> kWorksheets = {
     {0, 1, "tab11", "frm11Intro", "Introduction", "&1 Introduction", "Introduction", 4210, kNothing, kKeep, Make<frm11Intro>},
-    {2, 2, "tab22", "frm22General", "General Information", "&2 General Information", "General Information", 4220, kSituation, kKeep, NotBuilt},
+    {2, 2, "tab22", "frm22General", "General Information", "&2 General Information", "General Information", 4220, kSituation, kKeep, Make<frm22General>},
     {2, 3, "tab23", "frm23Situation", "Conditions", "&3 Conditions", "Conditions", 4230, kSituation, kKeep, NotBuilt},
     {3, 2, "tab32", "frm32SafetyIssues", "Safety Issues", "&2 Safety Issues", "Safety Issues", 4320, kForm, kKeep, NotBuilt},
     {3, 3, "tab33", "frm33Objectives", "Describe Objectives", "&3 Describe Objectives", "Fire Management Objectives", 4330, kForm, kKeep, NotBuilt},
