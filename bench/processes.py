@@ -8,6 +8,7 @@ import os
 import pathlib
 import shutil
 import statistics
+import subprocess
 import sys
 import tempfile
 import time
@@ -32,15 +33,29 @@ def run(command, environment=None):
     return usage.ru_utime + usage.ru_stime, wall, usage.ru_maxrss / 1024
 
 
-def compare(what, ours, floor, environment=None):
+def compare(what, ours, floor, environment=None, runs=RUNS):
     """Runs both by turns and prints the medians and the ratios pair by pair."""
-    pairs = [(run(ours, environment), run(floor)) for _ in range(RUNS + WARM_UP)][WARM_UP:]
+    pairs = [(run(ours, environment), run(floor)) for _ in range(runs + WARM_UP)][WARM_UP:]
     for column, name in enumerate(("cpu ms", "wall ms", "peak MB")):
         scale = 1 if column == 2 else 1000
         a = [pair[0][column] * scale for pair in pairs]
         b = [pair[1][column] * scale for pair in pairs]
         ratio = statistics.median(x / y for x, y in zip(a, b))
         print(f"{what:32} {name:8} {statistics.median(a):8.1f} {statistics.median(b):8.1f}   ratio {ratio:5.2f}")
+
+
+def compare_richtext(build, home):
+    """Our reader against the readers that a system may have; left out where there are none."""
+    bench = str(build / "bench/vexa_bench_richtext")
+    rtf = str(home / "narrative.rtf")
+    subprocess.run([bench, "make", rtf], check=True)
+    if shutil.which("unrtf"):
+        compare("rtf to text / unrtf --text", [bench, "text", rtf], ["unrtf", "--text", rtf])
+        compare("rtf to document / unrtf --text", [bench, "document", rtf], ["unrtf", "--text", rtf])
+    if shutil.which("soffice"):
+        office = ["soffice", f"-env:UserInstallation=file://{home}/office", "--headless", "--convert-to", "html",
+                  "--outdir", str(home), rtf]
+        compare("rtf to document / soffice", [bench, "document", rtf], office, runs=3)
 
 
 def main():
@@ -53,6 +68,7 @@ def main():
         surroundings = {"VEXA_HOME": str(home)}
         compare("evaluate / sqlite3 .dump", [str(build / "bin/vexa-cli"), "evaluate", fire],
                 ["sqlite3", fire, ".dump"], surroundings)
+        compare_richtext(build, home)
         if os.environ.get("DISPLAY"):
             compare("first worksheet / bare window", [str(build / "bench/vexa_bench_start_vexa"), fire],
                     [str(build / "bench/vexa_bench_start_bare")], surroundings)

@@ -50,7 +50,7 @@ void c41Objective::SaveChanges()
     rows.Seek(m_itemKey);
     rows.Edit();
     rows.Set("Name", m_itemName);
-    rows.Set("Explanation", m_description);
+    rows.Set("Explanation", Description());
     rows.Set("Priority", m_priority);
     rows.Update();
     m_changed.Clear();

@@ -2,6 +2,7 @@
 
 #include "platform/base/ChangedFlag.h"
 #include "platform/base/Collection.h"
+#include "platform/base/LateText.h"
 #include "platform/base/Numbers.h"
 
 #include <memory>
@@ -20,8 +21,13 @@ public:
     const std::string& ItemName() const { return m_itemName; }
     void SetItemName(const std::string& text) { m_changed.Write(m_itemName, text); }
     /// Rich text.
-    const std::string& Description() const { return m_description; }
+    const std::string& Description() const { return m_description.Read(); }
     void SetDescription(const std::string& text) { m_changed.Write(m_description, text); }
+    /// Changed from now on; the text is made when it is first read.
+    void SetDescriptionLater(platform::LateText::Maker text)
+    {
+        m_changed.Write(m_description, std::move(text));
+    }
     Long ParentKey() const { return m_parentKey; }
     bool bRoot() const { return m_itemKey == kRootKey; }
     bool bCategory() const { return m_parentKey == kRootKey; }
@@ -55,7 +61,7 @@ private:
 
     Long m_itemKey = 0;
     std::string m_itemName;
-    std::string m_description;
+    platform::LateText m_description;
     Long m_parentKey = 0;
     Long m_priority = 0;
     platform::ChangedFlag m_changed;

@@ -92,7 +92,7 @@ void c51Alternative::SaveChanges()
     rows.Edit();
     rows.Set("ItemName", m_itemName);
     rows.Set("Heading", m_heading);
-    rows.Set("Body", m_body);
+    rows.Set("Body", Body());
     rows.Update();
     m_changed.Clear();
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/base/ChangedFlag.h"
+#include "platform/base/LateText.h"
 #include "platform/base/Numbers.h"
 
 #include <memory>
@@ -30,8 +31,10 @@ public:
     /// Letter and name: "B. Confine".
     std::string Label() const;
     /// Rich text.
-    const std::string& Body() const { return m_body; }
+    const std::string& Body() const { return m_body.Read(); }
     void SetBody(const std::string& text) { m_changed.Write(m_body, text); }
+    /// Changed from now on; the text is made when it is first read.
+    void SetBodyLater(platform::LateText::Maker text) { m_changed.Write(m_body, std::move(text)); }
 
     /// Scores, 0 to 10. Keys are those of Objectives.
     Single ExpectedScore();
@@ -67,7 +70,7 @@ private:
     Long m_itemKey = 0;
     std::string m_itemName;
     std::string m_heading;
-    std::string m_body;
+    platform::LateText m_body;
     platform::ChangedFlag m_changed;
     std::unique_ptr<c52OutcomeList> m_outcomeList;
 };

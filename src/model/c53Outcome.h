@@ -2,6 +2,7 @@
 
 #include "platform/base/ChangedFlag.h"
 #include "platform/base/Collection.h"
+#include "platform/base/LateText.h"
 #include "platform/base/Numbers.h"
 #include "platform/data/Recordset.h"
 
@@ -46,8 +47,13 @@ public:
     /// Hiding forgets the Success; showing gives 0 to an outcome that was hidden.
     void SetbShow(bool show);
     /// Rich text.
-    const std::string& Description() const { return m_description; }
+    const std::string& Description() const { return m_description.Read(); }
     void SetDescription(const std::string& text) { m_changed.Write(m_description, text); }
+    /// Changed from now on; the text is made when it is first read.
+    void SetDescriptionLater(platform::LateText::Maker text)
+    {
+        m_changed.Write(m_description, std::move(text));
+    }
     /// Acres, as a single's text.
     std::string FireSize() const;
     /// Throws TypeMismatch for a text that is no number.
@@ -138,7 +144,7 @@ private:
     Long m_itemKey = 0;
     Long m_outcomeIndex = 0;
     Long m_alternativeKey = 0;
-    std::string m_description;
+    platform::LateText m_description;
     Single m_fireSize = 0.0F;
     Long m_containTime = 0;
     Long m_controlTime = 0;

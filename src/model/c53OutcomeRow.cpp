@@ -65,7 +65,7 @@ void c53Outcome::SaveChanges()
 
 void c53Outcome::SetColumns(platform::Recordset& row) const
 {
-    row.Set("Description", m_description);
+    row.Set("Description", Description());
     row.Set("FireSize", m_fireSize);
     row.Set("ContainTime", m_containTime);
     row.Set("ControlTime", m_controlTime);

@@ -29,7 +29,7 @@ void c0Item::SaveChanges()
     }
     items.Set("ItemName", m_itemName);
     items.Set("Heading", m_heading);
-    items.Set("Body", m_body);
+    items.Set("Body", Body());
     items.Set("ItemText", m_itemText);
     items.Update();
     m_changed.Clear();

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/base/ChangedFlag.h"
+#include "platform/base/LateText.h"
 #include "platform/base/Numbers.h"
 
 #include <string>
@@ -22,8 +23,10 @@ public:
     void SetItemName(const std::string& text) { m_changed.Write(m_itemName, text); }
     const std::string& Heading() const { return m_heading; }
     void SetHeading(const std::string& text) { m_changed.Write(m_heading, text); }
-    const std::string& Body() const { return m_body; }
+    const std::string& Body() const { return m_body.Read(); }
     void SetBody(const std::string& text) { m_changed.Write(m_body, text); }
+    /// Changed from now on; the text is made when it is first read.
+    void SetBodyLater(platform::LateText::Maker text) { m_changed.Write(m_body, std::move(text)); }
     const std::string& ItemText() const { return m_itemText; }
     void SetItemText(const std::string& text) { m_changed.Write(m_itemText, text); }
     /// Only when changed. A row added here is a fixed single item: it gets no parent and no place.
@@ -33,7 +36,7 @@ private:
     Long m_itemKey = 0;
     std::string m_itemName;
     std::string m_heading;
-    std::string m_body;
+    platform::LateText m_body;
     std::string m_itemText;
     platform::ChangedFlag m_changed;
 };
