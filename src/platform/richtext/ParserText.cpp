@@ -89,6 +89,7 @@ void Parser::DeliverByte(unsigned char byte)
     m_decoded.clear();
     m_decoder.SetPage(PageInForce(), m_decoded);
     m_decoder.Push(byte, m_decoded);
+    std::erase(m_decoded, '\x7F'); // stands for no character in any page
     if (!m_decoded.empty()) DeliverWhole(m_decoded);
 }
 

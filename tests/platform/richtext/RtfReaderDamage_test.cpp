@@ -90,6 +90,16 @@ TEST(RtfReaderDamage, ControlWord_EndsAfterThirtyTwoLetters)
     EXPECT_EQ(TextOf("{\\rtf1 \\" + std::string(31, 'a') + " tail}"), "tail");
 }
 
+TEST(RtfReaderDamage, DeleteCharacter_IsNoText)
+{
+    EXPECT_EQ(TextOf("{\\rtf1 a\\'7fb}"), "ab");
+    EXPECT_EQ(TextOf("{\\rtf1 a\\u127?b}"), "ab");
+    EXPECT_EQ(TextOf("{\\rtf1 a\x7F"
+                     "b}"),
+              "ab");
+    EXPECT_EQ(TextOf("{\\rtf1\\ansicpg932 a\\'83\\'7fb}").find('\x7F'), std::string::npos);
+}
+
 TEST(RtfReaderDamage, BinaryLongerThanTheText_IsCutToIt)
 {
     EXPECT_EQ(TextOf("{\\rtf1 a\\bin2147483647 bcd"), "a");
