@@ -9,7 +9,8 @@ namespace {
 
 constexpr std::size_t maxInstruction = 8192; // bytes of a field's instruction
 constexpr std::size_t maxMarker = 64;        // bytes of a list item's marker
-constexpr std::size_t maxLevelText = 64;     // characters
+// Characters: its length, a marker before the number and one behind it, and the ';' fit, however they came.
+constexpr std::size_t maxLevelText = 2 * maxMarker + 3;
 
 void AppendBounded(std::string& text, std::string_view more, std::size_t bound)
 {

@@ -68,6 +68,15 @@ TEST(RtfReaderFindings, MarkerOfSeveralNumbers_KeepsTheFirst)
     EXPECT_EQ(FirstLevel(Read("{\\*\\pn\\pnlvlblt{\\pntxtb ->}}a\\par}")).bullet, "-");
 }
 
+TEST(RtfReaderFindings, LongMarkersOfOldLists_StayAsTheyAre)
+{
+    const std::string marker(64, 'm');
+    const RichDocument document =
+        Read("{\\*\\pn\\pnlvlbody\\pndec{\\pntxtb " + marker + "}{\\pntxta " + marker + "}}a\\par}");
+    EXPECT_EQ(FirstLevel(document).textBefore, marker);
+    EXPECT_EQ(FirstLevel(document).textAfter, marker);
+}
+
 TEST(RtfReaderFindings, PictureAlone_IsAParagraphOnBothRoads)
 {
     EXPECT_EQ(TextOf("a\\par{\\pict\\pngblip 00}\\par b\\par}"), "a\n\nb");
