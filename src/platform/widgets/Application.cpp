@@ -16,13 +16,11 @@ namespace {
 ErrorGuard g_guard;
 bool g_reporting = false;
 
-bool Busy() { return g_guard.busy && g_guard.busy(); }
-
 /// Ends what a handler began and did not end; a busy state that stood before it is its beginner's to end.
 void EndBusyBegunSince(bool wasBusy)
 {
     if (wasBusy || !g_guard.endBusy) return;
-    while (Busy())
+    while (IsBusy())
         g_guard.endBusy();
 }
 
@@ -51,10 +49,12 @@ bool GoesToMenuBar(const QEvent& event)
 
 void SetErrorGuard(ErrorGuard guard) { g_guard = std::move(guard); }
 
+bool IsBusy() { return g_guard.busy && g_guard.busy(); }
+
 void ReportError(const std::string& cause)
 {
     if (g_guard.trace) g_guard.trace(cause);
-    if (!Busy()) TheDesktop().SetPointer(Pointer::Default);
+    if (!IsBusy()) TheDesktop().SetPointer(Pointer::Default);
     if (g_reporting) return; // the first box tells enough; the log has the rest
     g_reporting = true;
     ShowMessage(
@@ -64,7 +64,7 @@ void ReportError(const std::string& cause)
 
 void Guarded(const std::function<void()>& handler)
 {
-    const bool wasBusy = Busy();
+    const bool wasBusy = IsBusy();
     try {
         handler();
     } catch (...) {
@@ -80,7 +80,7 @@ Application::Application(int& argc, char** argv) : QApplication(argc, argv)
 
 bool Application::notify(QObject* receiver, QEvent* event)
 {
-    const bool wasBusy = Busy();
+    const bool wasBusy = IsBusy();
     try {
         if (GoesToMenuBar(*event)) {
             QFocusEvent keepsSelection(QEvent::FocusOut, Qt::PopupFocusReason);

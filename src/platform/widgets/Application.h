@@ -16,6 +16,9 @@ struct ErrorGuard
 };
 void SetErrorGuard(ErrorGuard guard);
 
+/// Whether the program is filling controls; false where nobody told how to know.
+bool IsBusy();
+
 /// An error that nobody handled: writes it down, restores the pointer, and shows one message box with the
 /// cause (none while such a box stands already). The session goes on.
 void ReportError(const std::string& cause);

@@ -33,33 +33,54 @@ EntryBox::EntryBox(const QString& name, QWidget* parent) : QLineEdit(parent)
 
 void EntryBox::LeadTo(QWidget* successor, const QList<Qt::Key>& keys)
 {
-    m_successor = successor;
-    m_onward = keys;
+    for (const Qt::Key key : keys)
+        m_successors.insert(key, successor);
+}
+
+QWidget* EntryBox::SuccessorAt(const QKeyEvent& event) const
+{
+    return IsAlone(event) ? m_successors.value(KeyOf(event)) : nullptr;
+}
+
+bool EntryBox::Drops(const QKeyEvent& event) const
+{
+    constexpr auto kCommand = Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier;
+    const QString typed = event.text();
+    if (m_taken.isEmpty() || typed.isEmpty() || (event.modifiers() & kCommand) != Qt::NoModifier)
+        return false;
+    return typed.front().isPrint() && !m_taken.contains(typed);
 }
 
 void EntryBox::keyPressEvent(QKeyEvent* event)
 {
-    if (m_successor == nullptr || !IsAlone(*event) || !m_onward.contains(KeyOf(*event))) {
+    QWidget* successor = SuccessorAt(*event);
+    if (successor == nullptr && !Drops(*event)) {
         QLineEdit::keyPressEvent(event);
         return;
     }
     event->accept();
-    m_successor->setFocus(Qt::OtherFocusReason); // a reason by which the toolkit selects nothing of its own
+    // A reason by which the toolkit selects nothing of its own.
+    if (successor != nullptr) successor->setFocus(Qt::OtherFocusReason);
+}
+
+void EntryBox::SelectOnEntry()
+{
+    if (m_selectedOnEntry != 0) setSelection(0, m_selectedOnEntry);
 }
 
 void EntryBox::focusInEvent(QFocusEvent* event)
 {
     QLineEdit::focusInEvent(event);
-    if (!m_selectsWhole || ComesBack(event->reason())) return;
+    if (m_selectedOnEntry == 0 || ComesBack(event->reason())) return;
     m_enteredByMouse = event->reason() == Qt::MouseFocusReason;
-    selectAll();
+    SelectOnEntry();
 }
 
 void EntryBox::mouseReleaseEvent(QMouseEvent* event)
 {
     QLineEdit::mouseReleaseEvent(event);
     // The press behind the entering put the caret down; a drag that selected a part of the text stands.
-    if (std::exchange(m_enteredByMouse, false) && !hasSelectedText()) selectAll();
+    if (std::exchange(m_enteredByMouse, false) && !hasSelectedText()) SelectOnEntry();
 }
 
 } // namespace platform

@@ -59,7 +59,7 @@ void RichTextEdit::Show(const richtext::RichDocument& text)
         new RichTextDocument(std::make_shared<RichTextPool>(), RichTextFormats::ColorsOf(palette()), this);
     document->setUndoRedoEnabled(false);
     document->setDefaultFont(TextFont());
-    document->setDocumentMargin(SheetMargin());
+    document->setDocumentMargin(isReadOnly() ? Theme::Gap() : SheetMargin());
     RichTextBridge::Fill(*document, text);
     document->setUndoRedoEnabled(true);
     document->setModified(false);

@@ -129,9 +129,10 @@ void RichTextEdit::resizeEvent(QResizeEvent* event)
     QTextEdit::resizeEvent(event);
 }
 
-/// The sheet stands in the middle of a wide window and fills a narrow one.
+/// The sheet stands in the middle of a wide window and fills a narrow one. A text for reading is no sheet.
 void RichTextEdit::PlaceSheet()
 {
+    if (isReadOnly()) return setViewportMargins({});
     const int gap = Theme::Gap();
     const int room = width() - 2 * gap;
     const int side = gap + std::max(0, (room - Theme::Pixels(kSheetWidth)) / 2);
