@@ -1,5 +1,5 @@
-// shots FILE FOLDER [WIDTH HEIGHT]: the start form and every section and worksheet of a data file as
-// pictures, light and dark, at 800 x 600 and at the given size. Runs without a display with
+// shots FILE FOLDER [WIDTH HEIGHT]: the start form, every section and worksheet of a data file and their
+// dialogs as pictures, light and dark, at 800 x 600 and at the given size. Runs without a display with
 // QT_QPA_PLATFORM=offscreen.
 
 #include "platform/widgets/Application.h"
@@ -12,9 +12,35 @@
 #include "worksheets/frm02Tabs.h"
 #include "worksheets/frm0_VEXA.h"
 
+#include <QDialog>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTabBar>
+#include <QTimer>
+
 #include <cstdio>
+#include <functional>
 
 namespace {
+
+constexpr int kLookForBoxes = 20; // milliseconds
+
+/// Something done to a dialog before the next picture.
+struct DialogStep
+{
+    QString suffix; // of the picture's name
+    std::function<void(QDialog&)> act;
+};
+
+const QList<DialogStep> kResourceSteps = {
+    {QStringLiteral("-copy"),
+     [](QDialog& dialog) { dialog.findChild<QTabBar*>(QStringLiteral("TabStrip1"))->setCurrentIndex(1); }},
+    {QStringLiteral("-add"),
+     [](QDialog& dialog) {
+         dialog.findChild<QTabBar*>(QStringLiteral("TabStrip1"))->setCurrentIndex(0);
+         dialog.findChild<QPushButton*>(QStringLiteral("cmdAddItem"))->click();
+     }},
+};
 
 class Photographer
 {
@@ -26,23 +52,52 @@ public:
         for (const QSize size : {QSize(800, 600), m_size}) {
             m_window.resize(size);
             QApplication::processEvents();
-            for (const bool dark : {false, true})
-                Save(name, size, dark);
+            SaveBoth(m_window, name, size);
+        }
+    }
+    /// What the button of the worksheet shown opens, as it comes up and with more done to it; closed again.
+    void TakeDialog(const QString& name, const char* button, const QList<DialogStep>& steps = {})
+    {
+        auto* opens = m_window.findChild<QPushButton*>(QString::fromUtf8(button));
+        if (opens == nullptr || !opens->isEnabled()) return;
+        for (const QSize size : {QSize(800, 600), m_size}) {
+            m_window.resize(size);
+            QTimer::singleShot(0, &m_window, [this, name, size, steps] {
+                auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+                if (dialog == nullptr) return;
+                SaveBoth(*dialog, name, size);
+                for (const DialogStep& step : steps) {
+                    step.act(*dialog);
+                    SaveBoth(*dialog, name + step.suffix, size);
+                }
+                dialog->reject();
+            });
+            opens->click();
         }
     }
     void SetSize(QSize size) { m_size = size; }
 
 private:
-    void Save(const QString& name, QSize size, bool dark)
+    static QString Name(QSize size, bool dark)
+    {
+        return QStringLiteral("-%1x%2%3.png")
+            .arg(size.width())
+            .arg(size.height())
+            .arg(dark ? QStringLiteral("-dark") : QString());
+    }
+
+    void SaveBoth(QWidget& window, const QString& name, QSize size)
+    {
+        for (const bool dark : {false, true})
+            Save(window, name, size, dark);
+    }
+
+    void Save(QWidget& window, const QString& name, QSize size, bool dark)
     {
         const QPalette before = QGuiApplication::palette();
         if (dark) QApplication::setPalette(platform::Theme::WithAccent(platform::Theme::DarkPalette()));
         QApplication::processEvents();
-        m_window.grab().save(QStringLiteral("%1/%2-%3x%4%5.png")
-                                 .arg(m_folder, name)
-                                 .arg(size.width())
-                                 .arg(size.height())
-                                 .arg(dark ? QStringLiteral("-dark") : QString()));
+        window.grab().save(m_folder + QLatin1Char('/') + name + Name(size, dark));
         QApplication::setPalette(before);
     }
 
@@ -60,6 +115,9 @@ void TakeWorksheets(frm0_VEXA& window, Photographer& photographer)
             window.Tabs()->vsTab2().SetCurrTab(tab);
             const QString key = QString::fromStdString(gCurrentTab);
             photographer.Take(tab == 1 ? key + QStringLiteral("-%1").arg(section.section) : key);
+            if (gCurrentTab != "tab56") continue;
+            photographer.TakeDialog(QStringLiteral("frm561"), "cmdSize");
+            photographer.TakeDialog(QStringLiteral("frm562"), "cmdSRUse", kResourceSteps);
         }
     }
 }
@@ -79,6 +137,12 @@ int main(int argc, char** argv)
     frm0_VEXA& window = program.Window();
     Photographer photographer(window, QString::fromLocal8Bit(argv[2]));
     if (argc >= 5) photographer.SetSize({QByteArray(argv[3]).toInt(), QByteArray(argv[4]).toInt()});
+    // A box that a screen shows about its file waits for nobody here.
+    QTimer boxes;
+    QObject::connect(&boxes, &QTimer::timeout, [] {
+        if (auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget())) box->reject();
+    });
+    boxes.start(kLookForBoxes);
     program.Start("");
     photographer.Take(QStringLiteral("start"));
     a1VEXA::StartWithFile(argv[1]);

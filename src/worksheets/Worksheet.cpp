@@ -23,7 +23,12 @@ void Worksheet::Unload()
 
 void Worksheet::BeginSetup(int worksheetNumber, const std::string& key)
 {
-    u91Trace::Trace(objectName().toStdString() + ".Setup");
+    BeginSetup(worksheetNumber, key, objectName().toStdString() + ".Setup");
+}
+
+void Worksheet::BeginSetup(int worksheetNumber, const std::string& key, const std::string& trace)
+{
+    u91Trace::Trace(trace);
     Load();
     a3VEXAforms::SizeWorksheet(*this);
     MainWindow().EnableEditMenu();

@@ -36,6 +36,8 @@ protected:
     /// The lines that every Setup begins with: traces it, loads and sizes the form, enables the Edit menu,
     /// checks the Worksheet entry and makes this worksheet the current one.
     void BeginSetup(int worksheetNumber, const std::string& key);
+    /// The same for a form whose Setup is traced by another name.
+    void BeginSetup(int worksheetNumber, const std::string& key, const std::string& trace);
 
 private:
     int m_helpContextID = 0;

@@ -43,25 +43,29 @@ std::string WorksheetCaptions(int section)
     return captions;
 }
 
-/// Disabled while it lives, so that no tab click enters; the focus comes back to where it was.
+/// Disabled while it lives, so that no tab click enters; the focus comes back to where it was, unless a
+/// worksheet has taken it.
 class Disabled
 {
 public:
     explicit Disabled(QWidget& form) : m_form(form), m_focus(QApplication::focusWidget())
     {
         form.setEnabled(false);
+        m_focusMeanwhile = QApplication::focusWidget();
     }
     Disabled(const Disabled&) = delete;
     Disabled& operator=(const Disabled&) = delete;
     ~Disabled()
     {
         m_form.setEnabled(true);
-        if (m_focus != nullptr && m_form.isAncestorOf(m_focus)) m_focus->setFocus();
+        const bool taken = QApplication::focusWidget() != m_focusMeanwhile;
+        if (!taken && m_focus != nullptr && m_form.isAncestorOf(m_focus)) m_focus->setFocus();
     }
 
 private:
     QWidget& m_form;
     QPointer<QWidget> m_focus;
+    QPointer<QWidget> m_focusMeanwhile; // where the toolkit put it when the form was disabled
 };
 
 } // namespace

@@ -53,6 +53,8 @@ public:
     frm01Start* StartForm() { return m_start; }
     /// Nothing while no file is shown.
     frm02Tabs* Tabs() { return m_tabs; }
+    /// Opens the help file at a topic, or at its contents for topic 0.
+    void ShowHelp(int topic);
 
 protected:
     void closeEvent(QCloseEvent* event) override;
@@ -76,7 +78,6 @@ private:
     void mnuEdit_Click(int number);
     void mnuHelp_Click(int number);
     void ShowAbout();
-    void ShowHelp(int topic);
     int CurrentHelpContextID() const;
     void StepTab(bool section, int step);
 

@@ -116,7 +116,8 @@ TEST_F(Navigation, EveryWorksheet_KeyFormCheckMarkAndEditMenu)
         EXPECT_TRUE(Shown().isVisible());
         EXPECT_THAT(Checked("mnuWorksheet", 6), ElementsAre(item.tab));
         EXPECT_THAT(Checked("mnuSection", 8), ElementsAre(item.section));
-        EXPECT_TRUE(Menu("mnuEdit")->isEnabled());
+        const bool disables = gCurrentTab == "tab53" || gCurrentTab == "tab56"; // kept: these two alone
+        EXPECT_EQ(Menu("mnuEdit")->isEnabled(), !disables);
         EXPECT_TRUE(UIMode::NotBusy());
         EXPECT_EQ(window->findChildren<Worksheet*>().size(), 1);
     }
@@ -137,10 +138,11 @@ TEST_F(Navigation, IntroductionOfEverySection_EditMenuDisabled)
 TEST_F(Navigation, WorksheetNotBuiltYet_ItsTitleAndNothingElse)
 {
     StartWithSample();
-    GoTo(5, 2);
+    GoTo(7, 3);
+    ASSERT_EQ(gCurrentTab, "tab83");
     const auto labels = Shown().findChildren<QWidget*>();
     ASSERT_EQ(labels.size(), 1);
-    EXPECT_EQ(qobject_cast<QLabel*>(labels[0])->text(), QStringLiteral("Safety Ratings"));
+    EXPECT_EQ(qobject_cast<QLabel*>(labels[0])->text(), QStringLiteral("Preview and Print"));
 }
 
 // ---- The order of events
@@ -158,6 +160,7 @@ TEST_F(Navigation, AnotherWorksheet_SwitchUpdateUnloadThenClickDisplay)
                             "   a3VEXAforms.DisplayWorksheet 3",
                             "   frm23Situation.Setup",
                             "   Load frm23Situation",
+                            "   frm23Situation.lstTopics_Click Fuel Conditions",
                             " Finished switching worksheets"));
 }
 

@@ -48,6 +48,7 @@ void PaintScale(QPainter& painter, const QRect& track, const GridModel::Column& 
         const int x = track.left() + static_cast<int>(std::lround(track.width() * mark / double(kMarks)));
         if (x > from && x < to) painter.drawLine(x, track.bottom() - track.height() / 4, x, track.bottom());
     }
+    if (column.low.isEmpty() && column.high.isEmpty()) return;
     painter.drawText(words, Qt::AlignLeft | Qt::AlignVCenter, column.low);
     painter.drawText(words, Qt::AlignRight | Qt::AlignVCenter, column.high);
 }

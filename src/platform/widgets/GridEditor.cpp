@@ -14,6 +14,7 @@ namespace platform {
 namespace {
 
 constexpr int kNoLimit = 32767; // the toolkit's own
+constexpr int kFrame = 2;       // pixels
 
 std::optional<GridEditor::Way> WayOf(const QKeyEvent& event)
 {
@@ -125,9 +126,14 @@ void GridEditor::focusOutEvent(QFocusEvent* event)
 void GridEditor::paintEvent(QPaintEvent* event)
 {
     QLineEdit::paintEvent(event);
+    // Four bars: drawing a rectangle with so wide a pen costs as much as the text.
     QPainter painter(this);
-    painter.setPen(QPen(Theme::Accent(palette()), 2));
-    painter.drawRect(rect().adjusted(1, 1, -1, -1));
+    const QColor accent = Theme::Accent(palette());
+    const QRect inner = rect().adjusted(kFrame, kFrame, -kFrame, -kFrame);
+    painter.fillRect(QRect(0, 0, width(), kFrame), accent);
+    painter.fillRect(QRect(0, inner.bottom() + 1, width(), kFrame), accent);
+    painter.fillRect(QRect(0, 0, kFrame, height()), accent);
+    painter.fillRect(QRect(inner.right() + 1, 0, kFrame, height()), accent);
 }
 
 } // namespace platform

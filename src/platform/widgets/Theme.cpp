@@ -6,6 +6,7 @@
 #include <QScreen>
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 
 namespace platform::Theme {
@@ -25,17 +26,23 @@ double DotsPerInch()
 
 int Scaled(int pixelsAt96) { return static_cast<int>(std::lround(pixelsAt96 * DotsPerInch() / 96.0)); }
 
-/// The linear light of one channel, as contrast is defined on it.
-double Linear(float channel)
+/// The linear light of each of the 256 steps of a channel, as contrast is defined on it.
+std::array<double, 256> LinearSteps()
 {
-    const double value = static_cast<double>(channel);
-    return value <= 0.04045 ? value / 12.92 : std::pow((value + 0.055) / 1.055, 2.4);
+    std::array<double, 256> steps{};
+    for (std::size_t step = 0; step < steps.size(); ++step) {
+        const double value = static_cast<double>(step) / 255.0;
+        steps[step] = value <= 0.04045 ? value / 12.92 : std::pow((value + 0.055) / 1.055, 2.4);
+    }
+    return steps;
 }
 
+/// Asked for every cell that is drawn, hence from a table.
 double Luminance(const QColor& colour)
 {
-    return 0.2126 * Linear(colour.redF()) + 0.7152 * Linear(colour.greenF()) +
-           0.0722 * Linear(colour.blueF());
+    static const std::array<double, 256> kLinear = LinearSteps();
+    const auto linear = [](int step) { return kLinear[static_cast<std::size_t>(step)]; };
+    return 0.2126 * linear(colour.red()) + 0.7152 * linear(colour.green()) + 0.0722 * linear(colour.blue());
 }
 
 /// Whether a settings file of the desktop asks for dark windows.

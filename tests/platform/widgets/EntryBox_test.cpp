@@ -1,5 +1,6 @@
 #include "platform/widgets/EntryBox.h"
 
+#include <QClipboard>
 #include <QTest>
 #include <QVBoxLayout>
 #include <gtest/gtest.h>
@@ -96,6 +97,49 @@ TEST_F(EntryBox, VeryLongText_TakenWhole)
 {
     box->setText(QString(100000, QLatin1Char('x')));
     EXPECT_EQ(box->text().size(), 100000);
+}
+
+TEST_F(EntryBox, KeysToSeveralBoxes_EachLeadsToItsOwn)
+{
+    platform::EntryBox above(QStringLiteral("txtAbove"), &form);
+    above.show();
+    box->LeadTo(&above, {Qt::Key_Up});
+    EXPECT_TRUE(LeadsOn(Qt::Key_Down));
+    EXPECT_FALSE(LeadsOn(Qt::Key_Up));
+    EXPECT_TRUE(above.hasFocus());
+}
+
+TEST_F(EntryBox, Entering_SelectsTheFirstCharacterWhereTold)
+{
+    box->SelectFirstOnEntry();
+    box->setFocus(Qt::TabFocusReason);
+    EXPECT_EQ(Selected(), "0");
+    next->setFocus();
+    box->clear();
+    box->setFocus();
+    EXPECT_EQ(Selected(), "");
+}
+
+TEST_F(EntryBox, TakeOnly_DropsOtherCharactersThatAreTyped)
+{
+    box->TakeOnly(QStringLiteral("0123456789,"));
+    box->clear();
+    QTest::keyClicks(box, QStringLiteral("1a2. ,-3/:"));
+    EXPECT_EQ(box->text(), QStringLiteral("12,3"));
+    QTest::keyClick(box, Qt::Key_Backspace);
+    EXPECT_EQ(box->text(), QStringLiteral("12,"));
+}
+
+TEST_F(EntryBox, TakeOnly_PastingAndCuttingPass)
+{
+    box->TakeOnly(QStringLiteral("0123456789"));
+    box->setFocus();
+    box->selectAll();
+    QTest::keyClick(box, Qt::Key_X, Qt::ControlModifier);
+    EXPECT_EQ(box->text(), QString());
+    QGuiApplication::clipboard()->setText(QStringLiteral("7.5 acres"));
+    QTest::keyClick(box, Qt::Key_V, Qt::ControlModifier);
+    EXPECT_EQ(box->text(), QStringLiteral("7.5 acres"));
 }
 
 } // namespace
