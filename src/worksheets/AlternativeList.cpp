@@ -15,12 +15,6 @@ AlternativeList::AlternativeList(const QString& sentence, QWidget* parent)
       m_note(new EmptyNote(sentence, this))
 {
     m_note->setObjectName(QStringLiteral("lblNone"));
-    // Long labels are read whole.
-    setUniformItemSizes(false);
-    setWordWrap(true);
-    setTextElideMode(Qt::ElideNone);
-    setResizeMode(Adjust);
-    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
 }
 
 void AlternativeList::Fill()

@@ -18,7 +18,6 @@ namespace {
 // The bars take what width they can get, and short names need little.
 constexpr int kListShare = 270;
 constexpr int kRatingsShare = 730;
-constexpr int kListSpacing = 2; // pixels, so that names of several lines stand apart
 const QString kNoAlternatives = QStringLiteral("There are no alternatives yet. Add one on the worksheet "
                                                "Identify Alternatives of the section Alternatives.");
 
@@ -43,10 +42,6 @@ QWidget* RatingsWorksheet::BuildList()
     auto* pane = new QWidget(this);
     auto* title = new QLabel(QString::fromUtf8(m_texts.listTitle), pane);
     m_lstObjectives = new ListBox(QStringLiteral("lstObjectives"), title->text().trimmed(), pane);
-    m_lstObjectives->setUniformItemSizes(false);
-    m_lstObjectives->setWordWrap(true);
-    m_lstObjectives->setSpacing(kListSpacing);
-    m_lstObjectives->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     title->setBuddy(m_lstObjectives);
     QVBoxLayout* column = WorksheetPanes::Column(pane);
     column->addWidget(title);

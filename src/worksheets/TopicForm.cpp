@@ -30,15 +30,9 @@ constexpr int kFewestLines = 4; // of the list that always show
 const QString kNoTopic = QStringLiteral("There are no topics yet. Press Add Topic, then give the topic a "
                                         "heading and write its narrative here.");
 
-/// Long topics are read whole, on more than one line.
-void ShowWholeRows(ListBox& list)
+void KeepRowsInSight(ListBox& list)
 {
-    list.setUniformItemSizes(false);
-    list.setWordWrap(true);
-    list.setSpacing(Theme::Gap() / 4);
     const int line = list.fontMetrics().lineSpacing() + 2 * list.spacing();
-    list.setResizeMode(QListView::Adjust);
-    list.setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     list.setMinimumHeight(kFewestLines * line + 2 * list.frameWidth());
 }
 
@@ -73,7 +67,7 @@ QWidget* TopicForm::BuildLeft()
     QVBoxLayout* column = WorksheetPanes::Column(left);
     QLabel* caption = BuildAboveList(*column);
     m_lstTopics = new ListBox(QStringLiteral("lstTopics"), caption->text(), left);
-    ShowWholeRows(*m_lstTopics);
+    KeepRowsInSight(*m_lstTopics);
     caption->setBuddy(m_lstTopics);
     column->addWidget(m_lstTopics, 1);
     BuildBelowList(*column);

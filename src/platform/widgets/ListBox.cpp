@@ -2,6 +2,7 @@
 
 #include "platform/base/Errors.h"
 #include "platform/widgets/Application.h"
+#include "platform/widgets/Theme.h"
 
 #include <QKeyEvent>
 #include <QSignalBlocker>
@@ -30,7 +31,12 @@ ListBox::ListBox(const QString& name, const QString& accessibleName, QWidget* pa
 {
     setObjectName(name);
     setAccessibleName(accessibleName);
-    setUniformItemSizes(true);
+    // Long rows are read whole, on more than one line.
+    setWordWrap(true);
+    setTextElideMode(Qt::ElideNone);
+    setSpacing(Theme::Gap() / 4);
+    setResizeMode(Adjust);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     connect(this, &QListWidget::currentRowChanged, this, [this](int row) {
         if (row >= 0) Guarded([this] { Q_EMIT Click(); });
     });
