@@ -55,7 +55,8 @@ void CheckContents(platform::Database& database, const std::string& format, Find
 
 ExitStatus Check(const Request& request, Console& console)
 {
-    platform::Database database = OpenAsItStands(request.files.front());
+    const std::unique_ptr<platform::Database> file = OpenAsItStands(request.files.front());
+    platform::Database& database = *file;
     database.TableNames(); // fails for what is no database at all
     Findings findings;
     CheckEngine(database, findings);

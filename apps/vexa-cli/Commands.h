@@ -12,6 +12,9 @@ ExitStatus New(const Request& request, Console& console);
 /// Prints the figures of each file: one document, or with several files a line for each of them, failed or
 /// not.
 ExitStatus Evaluate(const Request& request, Console& console);
+/// Writes the report as PDF, as rich text or as pictures of its pages. An old file stays whole where the new
+/// one cannot be written.
+ExitStatus Report(const Request& request, Console& console);
 /// Opens the file as the desktop does, converting it where it must.
 ExitStatus Convert(const Request& request, Console& console);
 /// Prints the rows of the tables.

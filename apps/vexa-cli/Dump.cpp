@@ -69,7 +69,8 @@ bool Wanted(const std::string& table, const std::vector<std::string>& names)
 
 ExitStatus Dump(const Request& request, Console& console)
 {
-    platform::Database database = OpenAsItStands(request.files.front());
+    const std::unique_ptr<platform::Database> file = OpenAsItStands(request.files.front());
+    platform::Database& database = *file;
     std::vector<std::string> tables = database.TableNames();
     std::sort(tables.begin(), tables.end(), NameBefore);
     if (const std::optional<std::string> name = Unknown(request.tables, tables)) {

@@ -2,6 +2,7 @@
 
 #include "session/a1VEXA.h"
 #include "session/u11Datafile.h"
+#include "vexa-cli/Progress.h"
 
 #include <exception>
 
@@ -10,6 +11,7 @@ namespace vexa_cli {
 OpenFile::OpenFile(const std::string& path, Console& console)
 {
     console.desktop.StartAfresh();
+    const FileProgress progress(console.err);
     const bool open = u11Datafile::OpenDatafile(path);
     m_status = open                           ? ExitStatus::Done
                : console.desktop.AnsweredNo() ? ExitStatus::Cancelled

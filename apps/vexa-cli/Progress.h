@@ -26,4 +26,19 @@ private:
     bool m_shown;
 };
 
+/// How far the reading and converting of one file has come, on such a line, for as long as it lives. Says
+/// nothing unless the stream is standard error and that is a terminal.
+class FileProgress
+{
+public:
+    explicit FileProgress(std::ostream& err);
+    FileProgress(const FileProgress&) = delete;
+    FileProgress& operator=(const FileProgress&) = delete;
+    ~FileProgress();
+
+private:
+    std::ostream& m_err;
+    bool m_shown;
+};
+
 } // namespace vexa_cli

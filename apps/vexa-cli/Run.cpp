@@ -12,6 +12,8 @@ namespace vexa_cli {
 
 namespace {
 
+ReportCommand g_report = nullptr;
+
 /// The console's desktop in use from constructor to destructor.
 class DesktopInUse
 {
@@ -33,7 +35,8 @@ ExitStatus RunCommand(const Request& request, Console& console)
     case Command::Table: return Table(request, console);
     case Command::Report: break;
     }
-    console.err << "Reports are not built into this version yet.\n";
+    if (g_report != nullptr) return g_report(request, console);
+    console.err << "Reports are made by the program vexa-report, which is missing here.\n";
     return ExitStatus::Failed;
 }
 
@@ -53,6 +56,8 @@ ExitStatus RunRequest(const Request& request, std::ostream& out, std::ostream& e
 }
 
 } // namespace
+
+void SetReportCommand(ReportCommand command) { g_report = command; }
 
 int Run(const std::vector<std::string>& arguments, std::ostream& out, std::ostream& err)
 {

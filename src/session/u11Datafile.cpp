@@ -4,6 +4,8 @@
 #include "platform/base/Files.h"
 #include "platform/base/ProgramFolder.h"
 #include "platform/data/DatabaseError.h"
+#include "platform/jet/JetFile.h"
+#include "platform/jet/JetReplacement.h"
 #include "session/EditionCheck.h"
 #include "session/FormatCheck.h"
 #include "session/SessionState.h"
@@ -34,11 +36,15 @@ void CloseHandles()
     u14Properties::PropertiesReplaced();
 }
 
+void UseDatabase(std::unique_ptr<platform::Database> database)
+{
+    gDatabase = std::move(database);
+    gProperties = std::make_unique<platform::Recordset>(gDatabase->OpenTable("Properties"));
+}
+
 void OpenHandles(const std::string& path)
 {
-    CloseDatafile(); // where one is still open: exactly one file is open at a time
-    gDatabase = std::make_unique<platform::Database>(path, platform::Database::Mode::Exclusive);
-    gProperties = std::make_unique<platform::Recordset>(gDatabase->OpenTable("Properties"));
+    UseDatabase(std::make_unique<platform::Database>(path, platform::Database::Mode::Exclusive));
 }
 
 std::string StoredProperty(const char* name)
@@ -47,10 +53,45 @@ std::string StoredProperty(const char* name)
     return u19RowData::ReadText(*gProperties, "Value");
 }
 
+bool FormatIsCurrent() { return FormatCheck::BringToCurrent(StoredProperty("DataFormatID")); }
+
+std::unique_ptr<platform::JetReplacement> ReadJetFile(const std::string& path)
+{
+    const platform::Hourglass hourglass;
+    return std::make_unique<platform::JetReplacement>(path);
+}
+
+/// A file of the older engine: its tables are brought to the current format in a new file, which then takes
+/// its place. False, with the file as it was, when the user declined or the format is refused.
+bool ReplaceJetFile(const std::string& path)
+{
+    const std::unique_ptr<platform::JetReplacement> replacement = ReadJetFile(path);
+    UseDatabase(replacement->TakeDatabase());
+    const bool passed = FormatIsCurrent();
+    CloseHandles();
+    if (passed) {
+        replacement->TakeName();
+    }
+    return passed;
+}
+
+bool OpenFormat(const std::string& path)
+{
+    if (platform::IsJetFile(path)) {
+        if (!ReplaceJetFile(path)) {
+            return false;
+        }
+        OpenHandles(path);
+        return true;
+    }
+    OpenHandles(path);
+    return FormatIsCurrent();
+}
+
 bool OpenAndCheck(const std::string& path)
 {
-    OpenHandles(path);
-    if (!FormatCheck::BringToCurrent(StoredProperty("DataFormatID"))) {
+    CloseDatafile(); // where one is still open: exactly one file is open at a time
+    if (!OpenFormat(path)) {
         return false;
     }
     return EditionCheck::CheckMode(EditionName, StoredProperty("ProgramID"));

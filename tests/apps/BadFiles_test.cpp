@@ -98,7 +98,6 @@ TEST_F(BadFiles, NoDataFile_IsRefusedByEveryOpening)
                                             CopyLegacy("zero-length.qel"),
                                             CopyLegacy("truncated.sqlite.qel"),
                                             CopyLegacy("no-properties.sqlite.qel"),
-                                            CopyLegacy("06.01.01-hatchet-empty.jet3.qel"),
                                             folder.File("one-byte.qel"),
                                             folder.File("head-only.qel"),
                                             folder.File("VEXAData"),

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/jet/JetReader.h"
 #include "support/TestSession.h"
 #include "vexa-cli/Run.h"
 
@@ -17,6 +18,8 @@ using Json = nlohmann::ordered_json;
 class CliTest : public TestSession
 {
 protected:
+    CliTest() { platform::SetJetReaderProgram(BuiltFile("vexa-jet")); }
+
     struct Result
     {
         int status = -1;

@@ -74,17 +74,6 @@ TEST_F(Dump, SingleColumn_HasTheValueOfItsBits)
               std::string::npos);
 }
 
-TEST_F(Dump, JetFile_IsRefusedInASentence)
-{
-    const std::string file = CopyLegacy("06.01.01-hatchet-empty.jet3.qel");
-    for (const char* command : {"dump", "check"}) {
-        const Result result = Run({command, file});
-        EXPECT_EQ(result.status, 1);
-        EXPECT_EQ(result.out, "");
-        EXPECT_EQ(result.err, file + ": it is a Jet database, which this version cannot read yet\n");
-    }
-}
-
 TEST_F(Dump, ViewsTriggersAndIndexes_AreNoTables)
 {
     const std::string file =

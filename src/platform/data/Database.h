@@ -37,7 +37,8 @@ class Database
 public:
     enum class Mode {
         Exclusive, // read and write, nobody else may open the file
-        ReadOnly   // the file as it stands, not a byte of it changed
+        ReadOnly,  // the file as it stands, not a byte of it changed
+        Importing  // an empty file becomes a database that is of no use until it was closed and synced
     };
 
     /// Opens a file that exists; never makes one.
@@ -67,6 +68,9 @@ public:
 private:
     friend class Recordset;
     friend class RecordsetState;
+    friend class RowWriter;
+    friend class Schema;
+    friend class Transaction;
     class Engine;
     std::unique_ptr<Engine> m_engine;
 };

@@ -116,6 +116,8 @@ Database::Engine::Engine(const std::string& path, Mode mode)
         Distrust(path);
         if (mode == Mode::Exclusive) {
             TakeExclusive(path);
+        } else if (mode == Mode::Importing) {
+            BeginImport(path);
         }
     } catch (...) {
         m_shelves.clear();
@@ -134,7 +136,7 @@ void Database::Engine::OpenFile(const std::string& path, Mode mode)
 {
     Connect(PlainName(path), mode);
     const std::string header = Header();
-    if (!header.starts_with(kSignature)) {
+    if (!header.starts_with(kSignature) && mode != Mode::Importing) {
         throw DatabaseError(SQLITE_NOTADB, "Opening " + path + ": file is not a database");
     }
     if (mode == Mode::ReadOnly && header[kReadVersion] == kWriteAhead && !HasWriteAheadLog(path)) {
@@ -188,6 +190,17 @@ void Database::Engine::Distrust(const std::string& path)
         "Opening " + path);
 }
 
+/// A database of our own making: what a power cut leaves of it is thrown away, so nothing is synced or kept
+/// for taking back.
+void Database::Engine::BeginImport(const std::string& path)
+{
+    sqlite3_db_config(m_connection, SQLITE_DBCONFIG_DEFENSIVE, 0, static_cast<int*>(nullptr));
+    Execute("PRAGMA synchronous = OFF; PRAGMA journal_mode = OFF; PRAGMA page_size = 4096;"
+            "PRAGMA encoding = 'UTF-8'; PRAGMA application_id = 0x51454C36",
+            "Beginning " + path);
+    m_journalSettled = true;
+}
+
 void Database::Engine::TakeExclusive(const std::string& path)
 {
     // The engine's name for the file: links in it are resolved.
@@ -200,6 +213,9 @@ void Database::Engine::TakeExclusive(const std::string& path)
         throw DatabaseError(SQLITE_READONLY_DIRECTORY, "Opening " + path + ": its folder is read-only");
     }
     Execute("BEGIN EXCLUSIVE; COMMIT", "Opening " + path);
+    // A journal that is still there holds nothing: its maker was killed before the first change.
+    std::error_code error;
+    std::filesystem::remove(file.string() + "-journal", error);
 }
 
 StatementLoan Database::Engine::Borrow(const std::string& sql)
@@ -211,6 +227,11 @@ StatementLoan Database::Engine::Borrow(const std::string& sql)
     std::unique_ptr<Statement> statement = std::move(shelf.back());
     shelf.pop_back();
     return {&shelf, std::move(statement)};
+}
+
+std::unique_ptr<Statement> Database::Engine::Prepare(const std::string& sql)
+{
+    return std::make_unique<Statement>(m_connection, sql);
 }
 
 void Database::Engine::Execute(const std::string& sql, const std::string& doing)
@@ -274,7 +295,7 @@ TableInfo Database::Engine::ReadTable(std::string_view name)
     return table;
 }
 
-void Database::Engine::CheckWritable(TableInfo& table)
+void Database::Engine::SettleJournal()
 {
     if (!m_journalSettled) {
         // Refused while a cursor walks through a write-ahead file; the next write tries again.
@@ -282,6 +303,21 @@ void Database::Engine::CheckWritable(TableInfo& table)
             sqlite3_exec(m_connection, "PRAGMA journal_mode = DELETE", nullptr, nullptr, nullptr) ==
             SQLITE_OK;
     }
+}
+
+void Database::Engine::Forget(std::string_view table)
+{
+    for (auto known = m_tables.begin(); known != m_tables.end();) {
+        known = SameName(known->first, table) ? m_tables.erase(known) : std::next(known);
+    }
+    for (auto& [sql, shelf] : m_shelves) {
+        shelf.clear(); // the columns of a SELECT * are counted when it is prepared
+    }
+}
+
+void Database::Engine::CheckWritable(TableInfo& table)
+{
+    SettleJournal();
     if (table.writeChecked) {
         return;
     }

@@ -64,6 +64,8 @@ public:
 
     /// A statement for this text that nobody else is using.
     StatementLoan Borrow(const std::string& sql);
+    /// A statement of one's own.
+    std::unique_ptr<Statement> Prepare(const std::string& sql);
     /// `doing` stands in the error's text, for those who read the log.
     void Execute(const std::string& sql, const std::string& doing);
     /// How many rows the last write touched.
@@ -72,6 +74,10 @@ public:
     TableInfo& Table(std::string_view name);
     /// Before the first write to a table: nothing of the file's own may run on it.
     void CheckWritable(TableInfo& table);
+    /// Before the first write to the file: a file left in write-ahead mode is brought back.
+    void SettleJournal();
+    /// Drops what was learnt of a table that was changed, and every statement at rest.
+    void Forget(std::string_view table);
 
 private:
     void OpenFile(const std::string& path, Mode mode);
@@ -79,6 +85,7 @@ private:
     /// The first bytes of the file; empty where it has not as many.
     std::string Header() const;
     void Distrust(const std::string& path);
+    void BeginImport(const std::string& path);
     void TakeExclusive(const std::string& path);
     TableInfo ReadTable(std::string_view name);
     void CheckPlainTable(std::string_view name);

@@ -70,6 +70,11 @@ void Recordset::Set(std::string_view column, const std::string& value) { m_state
 
 void Recordset::SetNull(std::string_view column) { m_state->Set(column, FieldValue()); }
 
+void Recordset::SetValue(std::string_view column, FieldValue value)
+{
+    m_state->Set(column, std::move(value));
+}
+
 void Recordset::Update() { m_state->Update(); }
 
 void Recordset::Delete() { m_state->Delete(); }

@@ -52,6 +52,8 @@ public:
     void Set(std::string_view column, Currency value);
     void Set(std::string_view column, const std::string& value);
     void SetNull(std::string_view column);
+    /// The cell as it stands in another row.
+    void SetValue(std::string_view column, FieldValue value);
     /// Writes what was set, durably. After AddNew there is no current row.
     void Update();
     /// Deletes the current row, durably; MoveNext then goes to the row behind it.

@@ -22,7 +22,7 @@ bool operator==(const TableCell& a, const TableCell& b)
 {
     return a.width == b.width && a.mergeAcross == b.mergeAcross && a.mergeDown == b.mergeDown &&
            a.alignment == b.alignment && a.top == b.top && a.left == b.left && a.bottom == b.bottom &&
-           a.right == b.right && a.background == b.background && a.blocks == b.blocks;
+           a.right == b.right && a.background == b.background && a.upward == b.upward && a.blocks == b.blocks;
 }
 
 const ListLevel* LevelOf(const RichDocument& document, const ParagraphFormat& format)

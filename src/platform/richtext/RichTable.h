@@ -35,6 +35,7 @@ struct TableCell
     CellAlignment alignment = CellAlignment::Top;
     Border top, left, bottom, right;
     Color background;
+    bool upward = false;       // the text stands turned by a quarter, reading upward
     std::vector<Block> blocks; // at least one; the last is a paragraph
 
     friend bool operator==(const TableCell& a, const TableCell& b);

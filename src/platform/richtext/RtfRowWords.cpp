@@ -44,6 +44,7 @@ void AppendCellWords(std::string& rtf, const TableCell& cell, RtfTables& tables)
     AppendBorder(rtf, "\\clbrdrb", cell.bottom, tables);
     AppendBorder(rtf, "\\clbrdrr", cell.right, tables);
     if (cell.background) AppendWord(rtf, "\\clcbpat", tables.ColorOf(cell.background));
+    if (cell.upward) rtf += "\\cltxbtlr";
 }
 
 void AppendRowOptions(std::string& rtf, const TableRow& row)

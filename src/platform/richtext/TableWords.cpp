@@ -45,6 +45,8 @@ template <CellAlignment Kind> void AlignCell(Parser& parser, Parameter)
     parser.Row().next.alignment = Kind;
 }
 
+template <bool Upward> void TurnCell(Parser& parser, Parameter) { parser.Row().next.upward = Upward; }
+
 void SetCellBackground(Parser& parser, Parameter parameter)
 {
     parser.Row().next.background = parser.ColorOf(parameter.value);
@@ -100,6 +102,8 @@ constexpr ControlWord words[] = {
     {"clvertalt", shared, AlignCell<CellAlignment::Top>},
     {"clvertalc", shared, AlignCell<CellAlignment::Center>},
     {"clvertalb", shared, AlignCell<CellAlignment::Bottom>},
+    {"cltxbtlr", shared, TurnCell<true>},
+    {"cltxlrtb", shared, TurnCell<false>},
     {"clcbpat", shared, SetCellBackground},
     {"clbrdrt", shared, BeginCellBorder<&TableCell::top>},
     {"clbrdrl", shared, BeginCellBorder<&TableCell::left>},

@@ -1,0 +1,24 @@
+#pragma once
+
+#include "platform/base/Errors.h"
+
+#include <string>
+
+namespace platform::print {
+
+/// A document could not be written; the message is a sentence for the user and names the file. What the file
+/// was before, it still is.
+class PrintError : public Error
+{
+public:
+    PrintError(const std::string& path, const std::string& cause);
+};
+
+/// The user cancelled. No file was written and no pages are left.
+class PrintCancelled : public Error
+{
+public:
+    PrintCancelled();
+};
+
+} // namespace platform::print
