@@ -7,7 +7,9 @@
 
 QString NoAlternativesYet()
 {
-    return QStringLiteral("There are no alternatives yet. Add one on the worksheet Identify Alternatives.");
+    return QStringLiteral(
+        "There are no alternatives yet. Add one on the worksheet Identify Alternatives of the "
+        "section Alternatives.");
 }
 
 AlternativeList::AlternativeList(const QString& sentence, QWidget* parent)

@@ -2,6 +2,7 @@
 #include "platform/widgets/Grid.h"
 #include "platform/widgets/ListBox.h"
 #include "platform/widgets/QuietLabel.h"
+#include "worksheets/AlternativeList.h"
 #include "worksheets/RatingsWorksheet.h"
 #include "worksheets/ValueLine.h"
 #include "worksheets/WorksheetPanes.h"
@@ -18,8 +19,6 @@ namespace {
 // The bars take what width they can get, and short names need little.
 constexpr int kListShare = 270;
 constexpr int kRatingsShare = 730;
-const QString kNoAlternatives = QStringLiteral("There are no alternatives yet. Add one on the worksheet "
-                                               "Identify Alternatives of the section Alternatives.");
 
 } // namespace
 
@@ -60,7 +59,7 @@ QWidget* RatingsWorksheet::BuildRatings()
     column->addLayout(criterion.layout);
     BuildAboveGrid(*column); // ahead of the grid, likewise
     m_grid1 = new Grid(QStringLiteral("Grid1"), QStringLiteral("Ratings of the outcomes"), pane);
-    m_lblNoAlternatives = new platform::QuietLabel(kNoAlternatives, pane);
+    m_lblNoAlternatives = new platform::QuietLabel(NoAlternativesYet(), pane);
     column->addWidget(WorksheetParts::Instruction(QString::fromUtf8(m_texts.gridHint), pane));
     column->addWidget(m_grid1, 2);
     column->addWidget(m_lblNoAlternatives);

@@ -5,6 +5,7 @@
 #include "platform/widgets/Application.h"
 #include "platform/widgets/Theme.h"
 #include "session/UIMode.h"
+#include "worksheets/AlternativeList.h"
 #include "worksheets/DecisionTreeDrawing.h"
 #include "worksheets/DecisionTreePicture.h"
 #include "worksheets/WorksheetParts.h"
@@ -24,8 +25,6 @@ namespace {
 constexpr int kLongestLabel = 70; // characters that a combo box shows at most
 constexpr int kAlike = 4;         // pixels by which two panels of one size may differ
 
-const QString kNoAlternatives = QStringLiteral("There are no alternatives yet. Add one on the worksheet "
-                                               "Identify Alternatives of the section Alternatives.");
 const QString kOneAlternative =
     QStringLiteral("There is only one alternative, so there is none to compare it with.");
 const QString kCannotBeDrawn = QStringLiteral("The tree of this alternative cannot be drawn because one of "
@@ -147,9 +146,9 @@ void frm63DecisionTree::HideSecondPicture(const QString& reason)
 
 void frm63DecisionTree::ShowNoAlternatives()
 {
-    EmptyCombo(At(1), kNoAlternatives);
-    At(1).picDecisionTree->ShowSentence(kNoAlternatives);
-    HideSecondPicture(kNoAlternatives);
+    EmptyCombo(At(1), NoAlternativesYet());
+    At(1).picDecisionTree->ShowSentence(NoAlternativesYet());
+    HideSecondPicture(NoAlternativesYet());
 }
 
 void frm63DecisionTree::cboAlternative_Click(int index)

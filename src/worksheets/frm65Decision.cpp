@@ -10,6 +10,7 @@
 #include "session/u91Trace.h"
 #include "session/u92Utilities.h"
 #include "values/g8Summary.h"
+#include "worksheets/AlternativeList.h"
 #include "worksheets/DecisionDescription.h"
 #include "worksheets/DecisionTopics.h"
 #include "worksheets/RichBody.h"
@@ -24,9 +25,6 @@
 using platform::Guarded;
 
 namespace {
-
-const QString kNoAlternatives = QStringLiteral("There are no alternatives yet. Add one on the worksheet "
-                                               "Identify Alternatives of the section Alternatives.");
 
 /// The head of a step of the worksheet.
 QLabel* StepLabel(const char* text, QWidget* parent)
@@ -81,7 +79,7 @@ void frm65Decision::BuildChoice(QVBoxLayout& left)
     m_cboAlternatives->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     m_cboAlternatives->installEventFilter(this);
     caption->setBuddy(m_cboAlternatives);
-    m_lblNoAlternatives = new platform::QuietLabel(kNoAlternatives, parent);
+    m_lblNoAlternatives = new platform::QuietLabel(NoAlternativesYet(), parent);
     m_lblNoAlternatives->setObjectName(QStringLiteral("lblNoAlternatives"));
     for (QWidget* each : std::initializer_list<QWidget*>{caption, m_cboAlternatives, m_lblNoAlternatives})
         left.addWidget(each);
@@ -123,7 +121,7 @@ void frm65Decision::FillAlternatives()
     m_cboAlternatives->setCurrentIndex(-1);
     const bool some = m_alternatives.ListCount() > 0;
     m_cboAlternatives->setEnabled(some);
-    m_cboAlternatives->setToolTip(some ? QString() : kNoAlternatives);
+    m_cboAlternatives->setToolTip(some ? QString() : NoAlternativesYet());
     // The opened list shows whole labels, however narrow the box is.
     QAbstractItemView& opened = *m_cboAlternatives->view();
     opened.setMinimumWidth(opened.sizeHintForColumn(0) + 2 * platform::Theme::Gap());
