@@ -2,10 +2,12 @@
 
 #include "common/ConnectConversions.h"
 #include "common/ConnectStores.h"
+#include "reports/ReportUtilities.h"
 #include "session/SessionState.h"
 #include "worksheets/ConnectScreens.h"
+#include "worksheets/frmPreview.h"
 
-Program::Program() : m_desktop(QString::fromUtf8(kProgramTitle))
+Program::Program() : m_desktop(QString::fromUtf8(kProgramTitle)), m_progress(m_window)
 {
     platform::SetDesktop(&m_desktop);
     ConnectStores();
@@ -13,7 +15,11 @@ Program::Program() : m_desktop(QString::fromUtf8(kProgramTitle))
     ConnectScreens(m_window);
 }
 
-Program::~Program() = default;
+Program::~Program()
+{
+    frmPreview::Unload();
+    ReportUtilities::EndReports();
+}
 
 void Program::Start(const std::string& commandLine)
 {

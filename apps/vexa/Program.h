@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/widgets/QtDesktop.h"
+#include "platform/widgets/WorkProgress.h"
 #include "worksheets/frm0_VEXA.h"
 
 /// The program behind its event loop: the desktop, the stores and the main window, wired together. Made after
@@ -20,4 +21,5 @@ public:
 private:
     platform::QtDesktop m_desktop;
     frm0_VEXA m_window;
+    platform::WorkProgress m_progress; // of files of older formats
 };

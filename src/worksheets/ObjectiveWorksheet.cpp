@@ -7,6 +7,7 @@
 #include "session/UIMode.h"
 #include "worksheets/RichBody.h"
 #include "worksheets/RowKeys.h"
+#include "worksheets/SaveOrGoBack.h"
 #include "worksheets/WorksheetPanes.h"
 #include "worksheets/WorksheetParts.h"
 
@@ -188,25 +189,13 @@ void ObjectiveWorksheet::MoveRow(Long step)
 
 void ObjectiveWorksheet::Grid1_EnterCell()
 {
-    if (UIMode::NotBusy()) {
-        try {
-            SaveChanges();
-        } catch (...) {
-            ReturnToCurrentRow();
-            throw;
-        }
-    }
+    if (UIMode::NotBusy()) SaveOrGoBack(*this, [this] { ReturnToCurrentRow(); });
     ShowRow();
 }
 
 void ObjectiveWorksheet::ReturnToCurrentRow()
 {
-    QMetaObject::invokeMethod(
-        this,
-        [this] {
-            if (m_current != nullptr) SelectRow(RowOf(*m_current));
-        },
-        Qt::QueuedConnection);
+    if (m_current != nullptr) SelectRow(RowOf(*m_current));
 }
 
 void ObjectiveWorksheet::txtName_Change()

@@ -13,6 +13,7 @@
 #include "session/u91Trace.h"
 #include "worksheets/AlternativeList.h"
 #include "worksheets/RichBody.h"
+#include "worksheets/SaveOrGoBack.h"
 #include "worksheets/WorksheetPanes.h"
 #include "worksheets/WorksheetParts.h"
 
@@ -239,24 +240,14 @@ Long frm43Outcomes::RowOf(const c53Outcome& outcome) const
 
 void frm43Outcomes::ReturnToCurrentRow()
 {
-    QMetaObject::invokeMethod(
-        this,
-        [this] {
-            const UIMode::Busy busy;
-            if (m_current != nullptr) m_grdOutcomes->SetRow(RowOf(*m_current));
-        },
-        Qt::QueuedConnection);
+    const UIMode::Busy busy;
+    if (m_current != nullptr) m_grdOutcomes->SetRow(RowOf(*m_current));
 }
 
 void frm43Outcomes::grdOutcomes_EnterCell()
 {
     if (!UIMode::NotBusy()) return;
-    try {
-        SaveChanges();
-    } catch (...) {
-        ReturnToCurrentRow();
-        throw;
-    }
+    SaveOrGoBack(*this, [this] { ReturnToCurrentRow(); });
     ShowRow();
 }
 

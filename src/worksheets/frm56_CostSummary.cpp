@@ -12,6 +12,7 @@
 #include "worksheets/CostFigures.h"
 #include "worksheets/CostGrids.h"
 #include "worksheets/GuidelinesPanel.h"
+#include "worksheets/SaveOrGoBack.h"
 #include "worksheets/TypedNumber.h"
 #include "worksheets/WorksheetPanes.h"
 #include "worksheets/WorksheetParts.h"
@@ -264,25 +265,15 @@ void frm56_CostSummary::RunDialog(ModalForm& dialog)
 
 void frm56_CostSummary::ReturnToCurrentRow()
 {
-    QMetaObject::invokeMethod(
-        this,
-        [this] {
-            const UIMode::Busy busy;
-            m_grdOutcomes->SetRow(CostGrids::RowOf(*m_grdOutcomes, m_outcome));
-        },
-        Qt::QueuedConnection);
+    const UIMode::Busy busy;
+    m_grdOutcomes->SetRow(CostGrids::RowOf(*m_grdOutcomes, m_outcome));
 }
 
 void frm56_CostSummary::grdOutcomes_EnterCell()
 {
     const CostGrids::Outcome outcome = CostGrids::OutcomeIn(*m_grdOutcomes, m_grdOutcomes->Row());
     if (!UIMode::NotBusy() || outcome == nullptr) return;
-    try {
-        SaveChanges();
-    } catch (...) {
-        ReturnToCurrentRow();
-        throw;
-    }
+    SaveOrGoBack(*this, [this] { ReturnToCurrentRow(); });
     m_outcome = outcome;
     ShowOutcomeCost();
 }
