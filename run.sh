@@ -48,4 +48,8 @@ if display_is_there; then
     exec "$bin/vexa" "$file"
 fi
 echo "There is no display, so the decision of this fire is printed instead of shown: $file" >&2
-exec "$bin/vexa-cli" table "$file"
+"$bin/vexa-cli" table "$file"
+report=$bin/VEXAData/$(basename "${file%.*}").pdf
+mkdir -p "$bin/VEXAData"
+"$bin/vexa-cli" report "$file" "$report"
+echo "Its report: $report" >&2

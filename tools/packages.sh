@@ -1,7 +1,7 @@
 # Sourced by the commands of this folder: installs the Debian packages that are missing, naming them.
 
 packages_build="g++ cmake ninja-build ccache mold qt6-base-dev libgl-dev libsqlite3-dev libcli11-dev nlohmann-json3-dev pkg-config libhunspell-dev mdbtools-dev libqpdf-dev"
-packages_run="libqt6gui6 libqt6widgets6 libmdb3 libqpdf29 fonts-liberation fonts-dejavu-core hunspell-en-us"
+packages_run="libqt6gui6 libqt6widgets6 libqt6printsupport6 libmdb3 libqpdf29 fonts-liberation fonts-dejavu-core hunspell-en-us"
 packages_test="libgtest-dev libgmock-dev libbenchmark-dev python3 sqlite3"
 packages_check="clang-format"
 

@@ -38,7 +38,7 @@ constexpr std::array<Section, sectionCount> sections{{
 }};
 
 constexpr Double shortPage = 14400.0, shortPageMargin = 360.0;
-constexpr Double headingMargin = 720.0;
+constexpr Double headingMargin = 900.0;
 constexpr Double movedMargin = 4300.0, usualMargin = 1440.0;
 
 Integer g_selected = 0;

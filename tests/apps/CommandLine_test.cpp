@@ -62,14 +62,6 @@ TEST_F(CommandLine, WrongUsage_IsStatus2WithoutResults)
     }
 }
 
-TEST_F(CommandLine, Report_IsRefusedInASentence)
-{
-    const Result result = Run({"report", MakeFile(), folder.File("a.pdf"), "--sections", "1,2,10", "--yes"});
-    EXPECT_EQ(result.status, 1);
-    EXPECT_EQ(result.out, "");
-    EXPECT_EQ(result.err, "Reports are not built into this version yet.\n");
-}
-
 TEST_F(CommandLine, FileNamedLikeACommand_IsAFile)
 {
     const std::string file = MakeFile({}, "check");

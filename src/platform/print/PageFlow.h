@@ -50,7 +50,8 @@ public:
     /// Places lines at the writing position, `left` from the column's left edge. Blank lines end no page.
     void Place(const LaidText& text, Double left);
     /// Places the rows of a table, breaking between rows where that is allowed, else within.
-    void Place(std::vector<LaidRow> rows, const std::vector<RowRules>& rules, Double left);
+    /// Returns how many came: blank rows at the end begin no page.
+    std::size_t Place(std::vector<LaidRow> rows, const std::vector<RowRules>& rules, Double left);
     /// Places a box that belongs to no column. What is below the bottom margin goes on at the top of a page
     /// of its own.
     void PlaceBox(LaidText text, FlowTextBox box);
@@ -82,6 +83,7 @@ private:
     bool FinishBoxes();
     void Raise();
     void PlaceRow(const LaidRow& row, Double left);
+    bool IsOver(const Rows& rows, std::size_t number) const;
     void PlaceRowNumbered(Rows& rows, std::size_t number);
     void BreakRow(Rows& rows, std::size_t number);
     void BreakBefore(const Rows& rows, std::size_t number);

@@ -12,6 +12,12 @@ constexpr Double leastPart = 720.0;
 
 Double FullHeight(const LaidRow& row) { return row.spaceBefore + row.height; }
 
+bool IsBlank(const LaidRow& row)
+{
+    const Ink ink = row.Drawn();
+    return ink.fills.empty() && ink.pictures.empty() && ink.lines.empty() && ink.texts.empty();
+}
+
 } // namespace
 
 template <class Action>
@@ -106,6 +112,14 @@ void PageFlow::BreakRow(Rows& rows, std::size_t number)
     PlaceRow(row, rows.left);
 }
 
+/// Blank rows at the end begin no page: it would show the repeated heads and nothing below them.
+bool PageFlow::IsOver(const Rows& rows, std::size_t number) const
+{
+    if (m_y + FullHeight(rows.rows[number]) <= Bottom()) return false;
+    const auto rest = rows.rows.begin() + static_cast<std::ptrdiff_t>(number);
+    return std::all_of(rest, rows.rows.end(), IsBlank);
+}
+
 void PageFlow::PlaceRowNumbered(Rows& rows, std::size_t number)
 {
     const Double room = ColumnHeight() - RepeatedHeight(rows, number);
@@ -123,16 +137,18 @@ void PageFlow::PlaceRowNumbered(Rows& rows, std::size_t number)
     m_y += rows.rules[number].spaceAfter;
 }
 
-void PageFlow::Place(std::vector<LaidRow> laid, const std::vector<RowRules>& rules, Double left)
+std::size_t PageFlow::Place(std::vector<LaidRow> laid, const std::vector<RowRules>& rules, Double left)
 {
     Rows rows{std::move(laid), rules, left};
     while (rows.leading < rules.size() && rules[rows.leading].header)
         ++rows.leading;
     if (rows.leading == rules.size()) rows.leading = 0; // nothing for them to stand above
     for (std::size_t number = 0; number < rows.rows.size(); ++number) {
+        if (IsOver(rows, number)) return number;
         NoteHeader(rows, number);
         PlaceRowNumbered(rows, number);
     }
+    return rules.size();
 }
 
 } // namespace platform::print

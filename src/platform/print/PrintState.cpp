@@ -132,8 +132,12 @@ void PrintControl::State::WriteTable(const TableBuilder& builder)
     Loosen(item.rules, rows, flow.ColumnHeight());
     flow.Note(std::move(item));
     x.reset();
-    flow.Place(std::move(rows), rules, 0.0);
+    const std::size_t placed = flow.Place(std::move(rows), rules, 0.0);
     flow.NoteEnd();
+    if (FlowTable* written = std::get_if<FlowTable>(&document.flow.back().content)) {
+        written->table.rows.resize(placed);
+        written->rules.resize(placed);
+    }
 }
 
 void PrintControl::State::WriteTableOrDrop(PrintControl& control, const TableBuilder& builder)

@@ -279,6 +279,17 @@ Double RtfFlow::SlackFrom(std::size_t place) const
     return slack;
 }
 
+/// Where the text of a page begins: at its margin, or above that where the writing position was moved first.
+Double RtfFlow::TopFrom(std::size_t place, Long page, Double margin) const
+{
+    for (; place < m_items.size() && m_items[place].page == page; ++place) {
+        const FlowItem& item = m_items[place];
+        const bool isText = Is<FlowText>(item) || Is<FlowTable>(item);
+        if (isText && !IsJumpedOver(place)) return std::min(margin, item.top);
+    }
+    return margin;
+}
+
 RtfSection RtfFlow::SectionAt(std::size_t place, Long page) const
 {
     RtfSection section;
@@ -287,9 +298,9 @@ RtfSection RtfFlow::SectionAt(std::size_t place, Long page) const
     const auto last = static_cast<std::size_t>(std::max(page, GroupEnd(place)));
     const PageSetup& setup = m_document.setups[first];
     section.marginLeft = setup.marginLeft;
-    section.marginTop = setup.marginTop;
+    section.marginTop = TopFrom(place, page, setup.marginTop);
     section.marginRight = setup.marginRight;
-    const Double text = m_document.pageHeight - setup.marginTop - setup.marginBottom;
+    const Double text = m_document.pageHeight - section.marginTop - setup.marginBottom;
     const Double slack = SlackFrom(place) + looseLines * text;
     section.marginBottom =
         std::max(std::min(leastBottom, setup.marginBottom), std::floor(setup.marginBottom - slack));

@@ -33,6 +33,7 @@ private:
     void BreakColumn();
     void ChangeColumns(std::size_t place, const FlowColumns& columns);
     void BeginSection(const RtfSection& section, bool goesOn);
+    Double TopFrom(std::size_t place, Long page, Double margin) const;
     RtfSection SectionAt(std::size_t place, Long page) const;
     Long GroupEnd(std::size_t place) const;
     Double SlackFrom(std::size_t place) const;

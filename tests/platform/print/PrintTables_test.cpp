@@ -433,3 +433,34 @@ TEST(PrintTables, RowsTooHighToStayTogether_LeaveNoHeadAlone)
     EXPECT_TRUE(TextsOf(document.pages[0]).empty());
     EXPECT_EQ(TextsOf(document.pages[1])[2], "line");
 }
+
+TEST(PrintTables, BlankRowsAtTheEndThatDoNotFit_BeginNoPageUnderRepeatedHeads)
+{
+    OpenControl control;
+    control.SetCurrentY(14500);
+    control.StartTable();
+    control.AddTable("3000;", "head;", "last;");
+    control.SetTableCell(tcRows, 4);
+    control.EndTable();
+    control.Paragraph("behind");
+    const Document& document = Ended(control);
+    EXPECT_EQ(PageOf(document, "last"), 0);
+    ASSERT_EQ(document.pages.size(), 2u); // of the text behind the table
+    EXPECT_EQ(TextsOf(document.pages[1]), std::vector<std::string>{"behind"});
+    const FlowTable* table = std::get_if<FlowTable>(&document.flow.front().content);
+    ASSERT_NE(table, nullptr);
+    EXPECT_EQ(table->table.rows.size(), table->rules.size());
+    EXPECT_LT(table->table.rows.size(), 5u);
+}
+
+TEST(PrintTables, BlankRowsWithRules_AreKept)
+{
+    OpenControl control;
+    control.SetCurrentY(14500);
+    control.SetTableBorder(tableBorderAll);
+    control.StartTable();
+    control.AddTable("3000;", "head;", "last;");
+    control.SetTableCell(tcRows, 4);
+    control.EndTable();
+    EXPECT_EQ(Ended(control).pages.size(), 2u);
+}

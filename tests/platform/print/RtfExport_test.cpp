@@ -425,3 +425,17 @@ TEST(RtfExport, BoxLongerThanItsPage_IsPartedAsThePagesAre)
     for (int i = 100; i < 160; ++i)
         EXPECT_EQ(Count(rtf, "word" + std::to_string(i)), 1u) << i;
 }
+
+TEST(RtfExport, TextAboveTheTopMargin_MovesTheMarginOfItsPageUp)
+{
+    OpenControl control;
+    control.SetCurrentY(950);
+    control.Paragraph("Heading");
+    control.SetCurrentY(1440);
+    control.Paragraph("text");
+    control.NewPage();
+    control.Paragraph("next");
+    const std::string rtf = RtfOf(Ended(control));
+    EXPECT_NE(rtf.find("\\margtsxn950"), std::string::npos);
+    EXPECT_NE(rtf.find("\\margtsxn1440"), std::string::npos); // of the next page
+}
