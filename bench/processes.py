@@ -58,6 +58,24 @@ def compare_richtext(build, home):
         compare("rtf to document / soffice", [bench, "document", rtf], office, runs=3)
 
 
+def compare_report(build, home, fire, surroundings):
+    """The report of the sample against the toolkit's own document of the same words, and against an office suite."""
+    report = [str(build / "bin/vexa-cli"), "report", fire]
+    pdf, rtf, words = str(home / "report.pdf"), str(home / "report.rtf"), str(home / "words.txt")
+    environment = {**os.environ, **surroundings}
+    for out in (pdf, rtf):
+        subprocess.run([*report, out], check=True, env=environment)
+    if shutil.which("pdftotext"):
+        subprocess.run(["pdftotext", "-layout", pdf, words], check=True)
+        floor = [str(build / "bench/vexa_bench_report"), "floor", words, str(home / "floor.pdf")]
+        compare("report to pdf / QTextDocument", [*report, pdf], floor, surroundings)
+        compare("report to rtf / report to pdf", [*report, rtf], [*report, pdf], surroundings)
+    if shutil.which("soffice"):
+        office = ["soffice", f"-env:UserInstallation=file://{home}/office", "--headless", "--convert-to", "pdf",
+                  "--outdir", str(home / "office-pdf"), rtf]
+        compare("report to pdf / soffice", [*report, pdf], office, surroundings, runs=3)
+
+
 def main():
     build = pathlib.Path(sys.argv[1]).resolve()
     with tempfile.TemporaryDirectory() as folder:
@@ -69,6 +87,7 @@ def main():
         compare("evaluate / sqlite3 .dump", [str(build / "bin/vexa-cli"), "evaluate", fire],
                 ["sqlite3", fire, ".dump"], surroundings)
         compare_richtext(build, home)
+        compare_report(build, home, fire, surroundings)
         if os.environ.get("DISPLAY"):
             compare("first worksheet / bare window", [str(build / "bench/vexa_bench_start_vexa"), fire],
                     [str(build / "bench/vexa_bench_start_bare")], surroundings)

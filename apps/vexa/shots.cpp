@@ -11,12 +11,15 @@
 #include "worksheets/WorksheetTable.h"
 #include "worksheets/frm02Tabs.h"
 #include "worksheets/frm0_VEXA.h"
+#include "worksheets/frmPreview.h"
 
 #include <QDialog>
+#include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QTabBar>
 #include <QTimer>
+#include <QToolButton>
 
 #include <cstdio>
 #include <functional>
@@ -75,6 +78,22 @@ public:
             opens->click();
         }
     }
+    /// The preview of the report, on its first page and on a later one as a whole.
+    void TakePreview()
+    {
+        m_window.findChild<QPushButton*>(QStringLiteral("cmdPreview"))->click();
+        frmPreview* preview = frmPreview::Loaded();
+        if (preview == nullptr) return;
+        for (const QSize size : {QSize(800, 600), m_size}) {
+            preview->resize(size);
+            SaveBoth(*preview, QStringLiteral("frmPreview"), size);
+        }
+        preview->findChild<QToolButton*>(QStringLiteral("cmdNextPage"))->click();
+        preview->findChild<QToolButton*>(QStringLiteral("cmdFitPage"))->click();
+        preview->findChild<QLineEdit*>(QStringLiteral("txtFind"))->setText(QStringLiteral("fire"));
+        SaveBoth(*preview, QStringLiteral("frmPreview-find"), m_size);
+        frmPreview::Unload();
+    }
     void SetSize(QSize size) { m_size = size; }
 
 private:
@@ -115,6 +134,7 @@ void TakeWorksheets(frm0_VEXA& window, Photographer& photographer)
             window.Tabs()->vsTab2().SetCurrTab(tab);
             const QString key = QString::fromStdString(gCurrentTab);
             photographer.Take(tab == 1 ? key + QStringLiteral("-%1").arg(section.section) : key);
+            if (gCurrentTab == "tab83") photographer.TakePreview();
             if (gCurrentTab != "tab56") continue;
             photographer.TakeDialog(QStringLiteral("frm561"), "cmdSize");
             photographer.TakeDialog(QStringLiteral("frm562"), "cmdSRUse", kResourceSteps);

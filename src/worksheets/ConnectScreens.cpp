@@ -6,6 +6,7 @@
 #include "session/u91Trace.h"
 #include "worksheets/a3VEXAforms.h"
 #include "worksheets/frm0_VEXA.h"
+#include "worksheets/frmPreview.h"
 
 void ConnectScreens(frm0_VEXA& window)
 {
@@ -25,6 +26,7 @@ void ConnectScreens(frm0_VEXA& window)
         window.setWindowTitle(QString::fromStdString(text));
     };
     links.UnloadMainWindow = [&window] { window.close(); };
+    links.ClosePreview = frmPreview::Unload;
 
     platform::SetErrorGuard({.trace = u91Trace::TraceError,
                              .busy = [] { return !UIMode::NotBusy(); },

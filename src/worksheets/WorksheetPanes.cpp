@@ -3,11 +3,34 @@
 #include "platform/widgets/FlowLayout.h"
 #include "platform/widgets/Theme.h"
 
+#include <QShortcutEvent>
 #include <QSplitter>
 
 namespace Theme = platform::Theme;
 
 namespace WorksheetPanes {
+
+namespace {
+
+/// Its letter acts at once. The toolkit's button shows the press first, and what is typed meanwhile is lost
+/// or goes into the box that the command is about to leave.
+class CommandButton : public QPushButton
+{
+public:
+    using QPushButton::QPushButton;
+
+protected:
+    bool event(QEvent* event) override
+    {
+        const bool letter = event->type() == QEvent::Shortcut;
+        if (!letter || static_cast<QShortcutEvent*>(event)->isAmbiguous()) return QPushButton::event(event);
+        setFocus(Qt::ShortcutFocusReason); // as by mouse: an open cell ends its edit
+        click();
+        return true;
+    }
+};
+
+} // namespace
 
 QWidget* SideBySide(QWidget* left, QWidget* right, QWidget* parent)
 {
@@ -48,7 +71,7 @@ QLabel* Heading(const QString& text, QWidget* parent)
 
 QPushButton* Button(const char* name, const char* caption, QWidget* parent)
 {
-    auto* button = new QPushButton(QString::fromUtf8(caption), parent);
+    auto* button = new CommandButton(QString::fromUtf8(caption), parent);
     button->setObjectName(QString::fromUtf8(name));
     return button;
 }

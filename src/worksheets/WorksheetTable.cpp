@@ -15,15 +15,13 @@
 #include "worksheets/frm63DecisionTree.h"
 #include "worksheets/frm65Decision.h"
 #include "worksheets/frm82Topics.h"
-#include "worksheets/frmNotBuilt.h"
+#include "worksheets/frm83Reports.h"
 
 #include <algorithm>
 
 namespace {
 
-template <class Form> Worksheet* Make(const WorksheetEntry&, QWidget* parent) { return new Form(parent); }
-
-Worksheet* NotBuilt(const WorksheetEntry& entry, QWidget* parent) { return new frmNotBuilt(entry, parent); }
+template <class Form> Worksheet* Make(QWidget* parent) { return new Form(parent); }
 
 constexpr auto kNothing = UpdateAction::Nothing;
 constexpr auto kSituation = UpdateAction::SituationItems;
@@ -37,22 +35,22 @@ constexpr auto kReset = AfterUnload::ResetAlternatives;
 
 // clang-format off
 const std::vector<WorksheetEntry> kWorksheets = {
-    {0, 1, "tab11", "frm11Intro", "Introduction", "&1 Introduction", "Introduction", 4210, kNothing, kKeep, Make<frm11Intro>},
-    {2, 2, "tab22", "frm22General", "General Information", "&2 General Information", "General Information", 4220, kSituation, kKeep, Make<frm22General>},
-    {2, 3, "tab23", "frm23Situation", "Conditions", "&3 Conditions", "Conditions", 4230, kSituation, kKeep, Make<frm23Situation>},
-    {3, 2, "tab32", "frm32SafetyIssues", "Safety Issues", "&2 Safety Issues", "Safety Issues", 4320, kForm, kKeep, Make<frm32SafetyIssues>},
-    {3, 3, "tab33", "frm33Objectives", "Describe Objectives", "&3 Describe Objectives", "Fire Management Objectives", 4330, kForm, kKeep, Make<frm33Objectives>},
-    {4, 2, "tab42", "frm42Alternatives", "Identify Alternatives", "&2 Identify Alternatives", "Strategies", 4420, kAlternatives, kKeep, Make<frm42Alternatives>},
-    {4, 3, "tab43", "frm43Outcomes", "Outcomes", "&3 Outcomes", "Developing outcomes", 4430, kForm, kKeep, Make<frm43Outcomes>},
-    {4, 4, "tab44", "frm44Probabilities", "Probabilities", "&4 Probabilities", "Probabilities", 4440, kForm, kKeep, Make<frm44Probabilities>},
-    {5, 2, "tab52", "frm52SafetyRatings", "Safety Ratings", "&2 Safety Ratings", "Safety Ratings", 4520, kForm, kReset, Make<frm52SafetyRatings>},
-    {5, 3, "tab53", "frm53Ratings", "Objective Ratings", "&3 Objective Ratings", "Objective Ratings", 4530, kForm, kReset, Make<frm53Ratings>},
-    {5, 4, "tab54", "frm54ItemImpacts", "Loss Analysis", "&4 Loss Analysis", "Loss Analysis", 4540, kForm, kReset, Make<frm54ItemImpacts>},
-    {5, 5, "tab56", "frm56_CostSummary", "Cost Analysis", "&5 Cost Analysis", "Cost Analysis", 4550, kForm, kKeep, Make<frm56_CostSummary>},
-    {6, 2, "tab63", "frm63DecisionTree", "Decision Tree", "&2 Decision Tree", "Decision Tree", 4620, kNothing, kKeep, Make<frm63DecisionTree>},
-    {6, 3, "tab65", "frm65Decision", "Decision", "&3 Decision", "Decision", 4630, kSummary, kKeep, Make<frm65Decision>},
-    {7, 2, "tab82", "frm82Topics", "Topics", "&2 Topics", "Topics", 4820, kSummary, kKeep, Make<frm82Topics>},
-    {7, 3, "tab83", "frm83Reports", "Preview and Print", "&3 Preview and Print", "Preview and Print", 4830, kNothing, kKeep, NotBuilt},
+    {0, 1, "tab11", "frm11Intro", "Introduction", "&1 Introduction", 4210, kNothing, kKeep, Make<frm11Intro>},
+    {2, 2, "tab22", "frm22General", "General Information", "&2 General Information", 4220, kSituation, kKeep, Make<frm22General>},
+    {2, 3, "tab23", "frm23Situation", "Conditions", "&3 Conditions", 4230, kSituation, kKeep, Make<frm23Situation>},
+    {3, 2, "tab32", "frm32SafetyIssues", "Safety Issues", "&2 Safety Issues", 4320, kForm, kKeep, Make<frm32SafetyIssues>},
+    {3, 3, "tab33", "frm33Objectives", "Describe Objectives", "&3 Describe Objectives", 4330, kForm, kKeep, Make<frm33Objectives>},
+    {4, 2, "tab42", "frm42Alternatives", "Identify Alternatives", "&2 Identify Alternatives", 4420, kAlternatives, kKeep, Make<frm42Alternatives>},
+    {4, 3, "tab43", "frm43Outcomes", "Outcomes", "&3 Outcomes", 4430, kForm, kKeep, Make<frm43Outcomes>},
+    {4, 4, "tab44", "frm44Probabilities", "Probabilities", "&4 Probabilities", 4440, kForm, kKeep, Make<frm44Probabilities>},
+    {5, 2, "tab52", "frm52SafetyRatings", "Safety Ratings", "&2 Safety Ratings", 4520, kForm, kReset, Make<frm52SafetyRatings>},
+    {5, 3, "tab53", "frm53Ratings", "Objective Ratings", "&3 Objective Ratings", 4530, kForm, kReset, Make<frm53Ratings>},
+    {5, 4, "tab54", "frm54ItemImpacts", "Loss Analysis", "&4 Loss Analysis", 4540, kForm, kReset, Make<frm54ItemImpacts>},
+    {5, 5, "tab56", "frm56_CostSummary", "Cost Analysis", "&5 Cost Analysis", 4550, kForm, kKeep, Make<frm56_CostSummary>},
+    {6, 2, "tab63", "frm63DecisionTree", "Decision Tree", "&2 Decision Tree", 4620, kNothing, kKeep, Make<frm63DecisionTree>},
+    {6, 3, "tab65", "frm65Decision", "Decision", "&3 Decision", 4630, kSummary, kKeep, Make<frm65Decision>},
+    {7, 2, "tab82", "frm82Topics", "Topics", "&2 Topics", 4820, kSummary, kKeep, Make<frm82Topics>},
+    {7, 3, "tab83", "frm83Reports", "Preview and Print", "&3 Preview and Print", 4830, kNothing, kKeep, Make<frm83Reports>},
 };
 
 const std::vector<SectionEntry> kSections = {

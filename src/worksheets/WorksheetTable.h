@@ -21,12 +21,11 @@ struct WorksheetEntry
     const char* form; // the form's given name
     const char* tabCaption;
     const char* menuCaption;
-    const char* title;
     int helpContextID; // 4000 + 100 times the section + 10 times the tab; the Report section counts as 8
     UpdateAction update;
     AfterUnload afterUnload;
     /// A new form of this worksheet, not yet loaded; the parent owns it.
-    Worksheet* (*make)(const WorksheetEntry& entry, QWidget* parent);
+    Worksheet* (*make)(QWidget* parent);
 };
 
 /// One section of the program, by its number on the section strip.

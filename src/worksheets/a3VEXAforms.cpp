@@ -42,7 +42,7 @@ Worksheet& EnsureForm(const WorksheetEntry& entry)
 {
     if (g_form == nullptr || g_form->objectName() != QLatin1String(entry.form)) {
         UnloadForm();
-        g_form = entry.make(entry, MainWindow().ClientArea());
+        g_form = entry.make(MainWindow().ClientArea());
         g_form->SetHelpContextID(entry.helpContextID);
     }
     return *g_form;

@@ -13,6 +13,7 @@
 #include "worksheets/frm02Tabs.h"
 #include "worksheets/frm0_VEXA.h"
 
+#include <QApplication>
 #include <QMenuBar>
 #include <QShortcut>
 
@@ -43,6 +44,23 @@ constexpr int kHelpContents = 0;
 QString EntryName(const QString& menu, int number)
 {
     return menu + QLatin1Char('_') + QString::number(number);
+}
+
+bool TakesTab(const QWidget& control)
+{
+    const bool stop = (control.focusPolicy() & Qt::TabFocus) != 0;
+    return stop && control.isEnabled() && control.isVisible();
+}
+
+/// Keys that lead to a worksheet lead into it: its first control has the focus then, unless another one of
+/// it has taken it.
+void EnterWorksheet()
+{
+    QWidget* shown = a3VEXAforms::CurrentWorksheet();
+    if (shown == nullptr || shown->isAncestorOf(QApplication::focusWidget())) return;
+    for (QWidget* next = shown->nextInFocusChain(); next != shown; next = next->nextInFocusChain()) {
+        if (shown->isAncestorOf(next) && TakesTab(*next)) return next->setFocus(Qt::TabFocusReason);
+    }
 }
 
 } // namespace
@@ -230,14 +248,14 @@ void frm0_VEXA::mnuSection_Click(int number)
 void frm0_VEXA::mnuWorksheet_Click(int number)
 {
     u91Trace::Trace("mnuWorksheet_Click " + std::to_string(number));
-    if (m_tabs != nullptr) m_tabs->vsTab2().SetCurrTab(number);
+    if (m_tabs != nullptr && m_tabs->vsTab2().SetCurrTab(number)) EnterWorksheet();
 }
 
 void frm0_VEXA::StepTab(bool section, int step)
 {
     if (m_tabs == nullptr) return;
     platform::TabStrip& strip = section ? m_tabs->vsTab1() : m_tabs->vsTab2();
-    strip.SetCurrTab(strip.Neighbour(step));
+    if (strip.SetCurrTab(strip.Neighbour(step))) EnterWorksheet();
 }
 
 void frm0_VEXA::mnuEdit_Click(int number)

@@ -30,6 +30,9 @@ struct FileRequest
     std::string extension; // without a point
     std::string fileName;
     std::string filter; // captions and patterns by turns, parted by "|"
+    /// A save dialog asks before a file is replaced. Else whoever asked for the name does, in words of its
+    /// own.
+    bool asksBeforeReplacing = false;
 };
 
 enum class Pointer { Default, Hourglass };

@@ -1,6 +1,7 @@
 #include "platform/widgets/QtDesktop.h"
 
 #include "platform/base/Texts.h"
+#include "platform/widgets/Printing.h"
 #include "platform/widgets/Theme.h"
 
 #include <QApplication>
@@ -93,8 +94,7 @@ void Prepare(QFileDialog& dialog, const FileRequest& request)
     const bool open = request.kind == FileRequest::Kind::Open;
     dialog.setAcceptMode(open ? QFileDialog::AcceptOpen : QFileDialog::AcceptSave);
     dialog.setFileMode(open ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
-    // The session asks in its own words before a file is replaced.
-    dialog.setOption(QFileDialog::DontConfirmOverwrite);
+    dialog.setOption(QFileDialog::DontConfirmOverwrite, !request.asksBeforeReplacing);
     dialog.setNameFilters(NameFilters(request.filter));
     dialog.setDefaultSuffix(QString::fromStdString(request.extension));
     if (!request.fileName.empty()) dialog.selectFile(QString::fromStdString(request.fileName));
@@ -152,7 +152,8 @@ void QtDesktop::LetEventsRun() { QCoreApplication::processEvents(); }
 
 void QtDesktop::PrinterSetup()
 {
-    ShowMessage({"The printer is set up in Preview and Print, which this version does not have yet."});
+    const PlainPointer plain(m_hourglass);
+    Printing::SetUp(QApplication::activeWindow());
 }
 
 void QtDesktop::ShowHelp(const std::string& helpFile, int)

@@ -1,0 +1,7 @@
+#pragma once
+
+#include <string>
+
+/// Asks for the rich text file that the report is saved to; an empty text when the user cancelled. Its name
+/// is at first that of the data file, in the folder "docs" of the program's folder.
+std::string GetRtfFileName();
