@@ -71,4 +71,6 @@ void TopicListForm::cmdDelete_Click()
     // that was changed comes back as a row without a parent.
     FillTopics();
     SelectFirstTopic();
+    // Nothing is asked, so a key pressed once too often must not delete the next one.
+    if (List().ListCount() > 0) List().setFocus();
 }

@@ -403,6 +403,19 @@ TEST_F(Situation, DeleteUnchanged_TheRowIsGoneForGood)
     EXPECT_THAT(RowInFile(kSecond), SizeIs(0));
 }
 
+TEST_F(Situation, Delete_TheNextKeyDeletesNoOther)
+{
+    ShowSample();
+    const Long before = Topics().ListCount();
+    auto* button = Find<QPushButton>("cmdDelete");
+    button->setFocus();
+    QTest::keyClick(button, Qt::Key_Space);
+    EXPECT_EQ(Topics().ListCount(), before - 1);
+    EXPECT_EQ(Focused(), "lstTopics");
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Space);
+    EXPECT_EQ(Topics().ListCount(), before - 1);
+}
+
 TEST_F(Situation, DeleteWhileChanged_ComesBackOutsideEveryList)
 {
     ShowSample();

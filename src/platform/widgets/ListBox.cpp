@@ -5,6 +5,7 @@
 #include "platform/widgets/Theme.h"
 
 #include <QKeyEvent>
+#include <QPainter>
 #include <QSignalBlocker>
 
 namespace platform {
@@ -12,6 +13,7 @@ namespace platform {
 namespace {
 
 constexpr int kItemData = Qt::UserRole;
+constexpr int kFocusFrame = 2; // pixels
 
 QListWidgetItem& RowAt(const ListBox& list, Long index)
 {
@@ -46,6 +48,16 @@ ListBox::ListBox(const QString& name, const QString& accessibleName, QWidget* pa
 void ListBox::Pick()
 {
     if (ListIndex() >= 0) Guarded([this] { Q_EMIT Picked(); });
+}
+
+/// A frame says that keys go here: the row chosen looks the same without the focus.
+void ListBox::paintEvent(QPaintEvent* event)
+{
+    QListWidget::paintEvent(event);
+    if (!hasFocus()) return;
+    QPainter painter(viewport());
+    painter.setPen(QPen(Theme::Accent(palette()), kFocusFrame));
+    painter.drawRect(viewport()->rect().adjusted(1, 1, -1, -1));
 }
 
 void ListBox::keyPressEvent(QKeyEvent* event)

@@ -150,3 +150,15 @@ TEST_F(ListBoxTest, TextsBeyondTheLetters_StayWhole)
 }
 
 } // namespace
+
+TEST_F(ListBoxTest, Focus_IsSeenThoughTheSelectionLooksTheSame)
+{
+    list->SetListIndex(1);
+    const QColor ground = list->viewport()->grab().toImage().pixelColor(0, 0);
+    list->setFocus();
+    QTest::qWait(10);
+    EXPECT_NE(list->viewport()->grab().toImage().pixelColor(0, 0), ground);
+    before->setFocus();
+    QTest::qWait(10);
+    EXPECT_EQ(list->viewport()->grab().toImage().pixelColor(0, 0), ground);
+}
