@@ -395,24 +395,4 @@ TEST(PageViewSearch, WordsOfTwoParagraphs_ABlankParts)
     EXPECT_EQ(platform::FindInPages(control.Pages(), QStringLiteral("onetwo")).size(), 0u);
 }
 
-// ---- Speed
-
-TEST_F(PageViewTest, ManyPages_OnlyThoseInSightAreDrawn)
-{
-    Show(200);
-    QElapsedTimer timer;
-    timer.start();
-    view.viewport()->grab();
-    const qint64 one = timer.nsecsElapsed();
-    view.SetZoom(0.1); // about as many again
-    timer.start();
-    for (int page = 1; page <= 200; page += 50) {
-        view.GoToPage(page);
-        view.viewport()->grab();
-    }
-    RecordProperty("first", std::to_string(one));
-    // Drawing all 200 pages for each picture would take 800 pages' time.
-    EXPECT_LT(timer.nsecsElapsed(), 400 * one);
-}
-
 } // namespace

@@ -6,7 +6,6 @@
 
 #include <QBuffer>
 #include <QDropEvent>
-#include <QElapsedTimer>
 #include <QTextBlock>
 #include <QTextList>
 #include <QtEndian>
@@ -269,11 +268,9 @@ TEST_F(RichTextClipboard, PictureOfTooManyDots_IsRefusedByItsHead)
 {
     const QByteArray png = PictureBytes("PNG");
     ASSERT_NE(platform::RichTextPictures::Taken(HeadOf(png, 4, 4), 8640), nullptr);
-    QElapsedTimer timer;
-    timer.start();
+    // Room for what the head tells would be more than the machine has.
     EXPECT_EQ(platform::RichTextPictures::Taken(HeadOf(png, 60000, 60000), 8640), nullptr);
     EXPECT_EQ(platform::RichTextPictures::Taken(HeadOf(png, 8001, 8000), 8640), nullptr);
-    EXPECT_LT(timer.elapsed(), 500); // no room was taken for what the head tells
 }
 
 TEST_F(RichTextClipboard, WidePicture_IsMadeAsWideAsTheText)
