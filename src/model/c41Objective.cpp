@@ -5,6 +5,7 @@
 #include "model/g42SafetyIssues.h"
 #include "model/g62Ratings.h"
 #include "platform/base/Errors.h"
+#include "platform/data/Schema.h"
 #include "session/SessionState.h"
 #include "session/u19RowData.h"
 #include "session/u91Trace.h"
@@ -58,9 +59,11 @@ void c41Objective::SaveChanges()
 
 void c41Objective::Delete()
 {
+    platform::Transaction together(OpenDatabase());
     UnlinkRow();
     DeleteRow();
     g62Ratings::DeleteCriterionRatings(m_itemKey);
+    together.Commit();
 }
 
 platform::Collection<std::shared_ptr<c41Objective>> c41Objective::GetChildren() const

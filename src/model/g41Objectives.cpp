@@ -2,6 +2,7 @@
 
 #include "model/ObjectiveTree.h"
 #include "platform/base/Errors.h"
+#include "platform/data/Schema.h"
 #include "session/SessionState.h"
 #include "session/c0Item.h"
 #include "session/u19RowData.h"
@@ -102,11 +103,13 @@ Long NewPriority(Long parentKey) { return parentKey == c41Objective::kSafetyRoot
 Long NewObjectiveKey(Long parentKey)
 {
     u91Trace::Trace("NewObjectiveKey");
+    platform::Transaction together(OpenDatabase()); // a kill must not leave a row that hangs nowhere
     platform::Recordset rows = OpenDatabase().OpenTable("Objectives");
     const Long key = AddRow(rows, parentKey);
     LinkBehindSiblings(rows, parentKey, key);
     rows.Seek(key);
     ObjectiveTree::SetLink(rows, "SiblingKey", 0);
+    together.Commit();
     return key;
 }
 

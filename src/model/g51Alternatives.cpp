@@ -2,6 +2,7 @@
 
 #include "model/g53Outcomes.h"
 #include "platform/base/Texts.h"
+#include "platform/data/Schema.h"
 #include "session/SessionState.h"
 #include "session/g0Items.h"
 #include "session/u14Properties.h"
@@ -119,14 +120,18 @@ void ResetAlternatives()
 std::shared_ptr<c51Alternative> NewAlternative(const std::string& label)
 {
     EnsureAlternatives(); // before the row is there, so that it is not loaded half made
+    platform::Transaction together(OpenDatabase()); // a kill must not leave one without its outcomes
     const Long key = g0Items::NewItem(label, g0Items::AlternativeGroup);
     g53Outcomes::AddOutcomes(key);
+    together.Commit();
     return EnsureAlternatives().Add(key, MakeAlternative(key, label, "", kDefaultBody));
 }
 
 void DeleteAlternative(Long key)
 {
+    platform::Transaction together(OpenDatabase());
     Alternative(key)->Delete();
+    together.Commit();
     EnsureAlternatives().Remove(key);
 }
 

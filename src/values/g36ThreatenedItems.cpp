@@ -2,6 +2,7 @@
 
 #include "platform/base/Formats.h"
 #include "platform/base/Texts.h"
+#include "platform/data/Schema.h"
 #include "session/SessionState.h"
 #include "session/g0Items.h"
 #include "session/u19RowData.h"
@@ -101,10 +102,12 @@ std::shared_ptr<c36ThreatenedItem> g36ThreatenedItems::NewThreatenedItem(const s
 void g36ThreatenedItems::DeleteThreatenedItem(Long key)
 {
     Items& collection = EnsureItems(); // while the row is still there
+    platform::Transaction together(OpenDatabase());
     g66ItemImpacts::DeleteImpactsOfItem(key);
     platform::Recordset rows = OpenDatabase().OpenTable("Items");
     rows.Seek(key);
     rows.Delete();
+    together.Commit();
     // Kept: the row of ValuesAtRisk is left behind.
     collection.Remove(key);
 }

@@ -201,12 +201,14 @@ TEST_F(g41ObjectivesTest, NewObjectiveKey_SiblingsInACircle_EndsAsAnError)
 {
     OpenNew(Issues({10, 10}) + "UPDATE Objectives SET SiblingKey = 7 WHERE \"Key\" = 8;");
     EXPECT_THROW(g41Objectives::NewObjectiveKey(2), platform::DuplicateMember);
+    EXPECT_EQ(Query("SELECT max(\"Key\") FROM Objectives"), (Rows{{"8"}})) << "a row that hangs nowhere";
 }
 
 TEST_F(g41ObjectivesTest, NewObjectiveKey_NoSuchParent_IsAnError)
 {
     OpenNew();
     EXPECT_THROW(g41Objectives::NewObjectiveKey(77), platform::DatabaseError);
+    EXPECT_EQ(Query("SELECT max(\"Key\") FROM Objectives"), (Rows{{"6"}})) << "a row that hangs nowhere";
 }
 
 TEST_F(g41ObjectivesTest, AnotherFileOpened_TheTreeIsReadAgain)

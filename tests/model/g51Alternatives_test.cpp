@@ -209,6 +209,14 @@ TEST_F(g51AlternativesTest, NewAlternative_TakesTheIntensityLevelsOfTheFirst)
               (Rows{{key, "0", "50", "1", "2", "3", "4", "5", "6"}}));
 }
 
+TEST_F(g51AlternativesTest, NewAlternative_ThatFailsHalfway_LeavesNothingOfIt)
+{
+    OpenNew("INSERT INTO Outcomes (ItemKey) VALUES (2147483647);"); // no key is left for its outcomes
+    EXPECT_THROW(g51Alternatives::NewAlternative("A"), platform::Error);
+    EXPECT_TRUE(Keys().empty());
+    EXPECT_EQ(Query("SELECT ItemKey FROM Items WHERE ParentKey = 26"), Rows{});
+}
+
 TEST_F(g51AlternativesTest, DeleteAlternative_LeavesTheOthers)
 {
     OpenNew(Alternative(1) + Alternative(2));

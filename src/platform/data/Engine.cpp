@@ -112,6 +112,7 @@ void StatementLoan::GiveBack()
 Database::Engine::Engine(const std::string& path, Mode mode)
 {
     try {
+        Guard(path, mode);
         OpenFile(path, mode);
         Distrust(path);
         if (mode == Mode::Exclusive) {
@@ -130,6 +131,15 @@ Database::Engine::~Engine()
 {
     m_shelves.clear();
     sqlite3_close(m_connection);
+}
+
+void Database::Engine::Guard(const std::string& path, Mode mode)
+{
+    if (mode == Mode::Exclusive) {
+        m_guard = std::make_unique<FileGuard>(path);
+    } else if (mode == Mode::ReadOnly) {
+        FileGuard::RequireNone(path);
+    }
 }
 
 void Database::Engine::OpenFile(const std::string& path, Mode mode)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/data/Database.h"
+#include "platform/data/FileGuard.h"
 #include "platform/data/Statement.h"
 
 #include <map>
@@ -90,6 +91,11 @@ private:
     TableInfo ReadTable(std::string_view name);
     void CheckPlainTable(std::string_view name);
 
+    /// Ahead of the connection's first lock: what another program is in the midst of writing must not be
+    /// taken back here.
+    void Guard(const std::string& path, Mode mode);
+
+    std::unique_ptr<FileGuard> m_guard; // goes after the connection is closed
     sqlite3* m_connection = nullptr;
     bool m_journalSettled = false;
     std::map<std::string, StatementLoan::Shelf> m_shelves;

@@ -1,8 +1,11 @@
 #include "DataTest.h"
 #include "support/ChildProcess.h"
 
+#include <fcntl.h>
 #include <sqlite3.h>
+#include <unistd.h>
 
+#include <csignal>
 #include <filesystem>
 
 namespace fs = std::filesystem;
@@ -47,12 +50,18 @@ protected:
     }
     template <class Checks> void WhileAnotherProcessHasItOpen(Checks checks)
     {
+        WhileAnotherProcessHasItOpen([] {}, checks);
+    }
+    /// `after` is done in the other process when it has the file open.
+    template <class After, class Checks> void WhileAnotherProcessHasItOpen(After after, Checks checks)
+    {
         int ready[2];
         int done[2];
         ASSERT_EQ(::pipe(ready) + ::pipe(done), 0);
         const pid_t child = ::fork();
         if (child == 0) {
             const Database file(path, Database::Mode::Exclusive);
+            after();
             char byte = 'r';
             const bool told = ::write(ready[1], &byte, 1) == 1 && ::read(done[0], &byte, 1) == 1;
             ::_exit(told ? 0 : 1);
@@ -205,6 +214,29 @@ TEST_F(OpeningTest, AFileThatAnotherProcessHasOpen_IsRefusedUntilItIsClosed)
         EXPECT_EQ(Fault(path), SQLITE_BUSY);
         EXPECT_EQ(Fault(path, kReadOnly), SQLITE_BUSY);
     });
+    EXPECT_EQ(Fault(path), 0);
+}
+
+/// As a file dialog does that looks into files for their icons: the system then lets go of the process's
+/// locks.
+TEST_F(OpeningTest, AFileThatItsProcessLooksIntoOtherwise_StaysRefusedToOthers)
+{
+    const auto look = [this] { ::close(::open(path.c_str(), O_RDONLY | O_CLOEXEC)); };
+    WhileAnotherProcessHasItOpen(look, [this] {
+        EXPECT_EQ(Fault(path), SQLITE_BUSY);
+        EXPECT_EQ(Fault(path, kReadOnly), SQLITE_BUSY);
+    });
+    EXPECT_EQ(Fault(path), 0);
+}
+
+TEST_F(OpeningTest, AFileThatWasClosedByAKill_OpensAtOnce)
+{
+    const pid_t child = ::fork();
+    if (child == 0) {
+        const Database file(path, Database::Mode::Exclusive);
+        ::raise(SIGKILL);
+    }
+    ASSERT_EQ(support::WaitFor(child), -SIGKILL);
     EXPECT_EQ(Fault(path), 0);
 }
 
