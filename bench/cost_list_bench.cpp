@@ -2,6 +2,7 @@
 // one of 30 in the same file: both get the same by turns, each with the drawing that follows. The master list
 // has 200 types. A folder in memory (TMPDIR) leaves the drive out of it.
 
+#include "Measure.h"
 #include "platform/base/ProgramFolder.h"
 #include "platform/widgets/Application.h"
 #include "platform/widgets/Grid.h"
@@ -13,14 +14,11 @@
 #include "worksheets/CostGrids.h"
 #include "worksheets/frm562SRUseList.h"
 
-#include <QElapsedTimer>
 #include <QKeyEvent>
 #include <QPushButton>
 
-#include <algorithm>
 #include <filesystem>
 #include <functional>
-#include <iostream>
 #include <map>
 #include <string>
 #include <vector>
@@ -70,7 +68,7 @@ public:
     {
         Lines_().Select(Lines() / 2, kQuantity);
         QApplication::processEvents();
-        return Microseconds([] { Press(Qt::Key_1, QStringLiteral("1")); });
+        return WithDrawing([] { Press(Qt::Key_1, QStringLiteral("1")); });
     }
     /// One place down and, not measured, back: two lines change in each.
     double Move()
@@ -85,14 +83,14 @@ public:
         Lines_().Select(Lines() / 2, kName);
         Lines_().setFocus();
         QApplication::processEvents();
-        return Microseconds([] { Press(Qt::Key_Delete, QString()); });
+        return WithDrawing([] { Press(Qt::Key_Delete, QString()); });
     }
     double Add()
     {
         auto& master = *m_dialog.findChild<platform::ListBox*>(QStringLiteral("lstSRMaster"));
         master.SetListIndex(100);
         master.setFocus();
-        return Microseconds([] { Press(Qt::Key_Return, QString()); });
+        return WithDrawing([] { Press(Qt::Key_Return, QString()); });
     }
     /// A copied line's share of the copy of the list onto itself; the copies go again.
     double Copy(Long outcomeRow, Long sourceRow)
@@ -100,7 +98,7 @@ public:
         auto& copy = *m_dialog.findChild<QPushButton*>(QStringLiteral("cmdCopy"));
         const Long lines = Lines();
         Grid("grdLists").SetRow(sourceRow);
-        const double cost = Microseconds([&copy] { copy.click(); });
+        const double cost = WithDrawing([&copy] { copy.click(); });
         c67SRUseList& list = CostGrids::OutcomeIn(Grid("grdOutcomes"), outcomeRow)->SRUseList();
         while (list.SRUseCount() > lines)
             list.DeleteSRUse(list.SRUseCollection().At(list.SRUseCount())->ItemKey());
@@ -120,30 +118,23 @@ private:
         QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier, text);
         QApplication::sendEvent(focus, &press);
     }
-    static double Microseconds(const std::function<void()>& work)
+    static double WithDrawing(const std::function<void()>& work)
     {
-        QElapsedTimer timer;
-        timer.start();
-        work();
-        QApplication::processEvents();
-        return double(timer.nsecsElapsed()) / 1000.0;
+        return bench::Milliseconds([&] {
+            work();
+            QApplication::processEvents();
+        });
     }
     double MoveTo(Long row, Long place)
     {
         Lines_().Select(row, kPosition);
         QApplication::processEvents();
         Lines_().SetEditText(std::to_string(place));
-        return Microseconds([] { Press(Qt::Key_Return, QString()); });
+        return WithDrawing([] { Press(Qt::Key_Return, QString()); });
     }
 
     frm562SRUseList m_dialog;
 };
-
-double Median(std::vector<double> costs)
-{
-    std::nth_element(costs.begin(), costs.begin() + kTurns / 2, costs.end());
-    return costs[kTurns / 2];
-}
 
 using Costs = std::map<std::string, std::vector<double>>;
 
@@ -182,11 +173,9 @@ int main(int argc, char** argv)
         Turn(list, 1, few);
         Turn(list, 2, many);
     }
-    for (const auto& [what, costs] : few) {
-        std::cout << what << ": " << Median(costs) << " us among " << fewLines << " lines, "
-                  << Median(many[what]) << " us among " << manyLines << ", ratio "
-                  << Median(many[what]) / Median(costs) << " (at most " << kAllowed << ")\n";
-    }
+    const std::string lines = std::to_string(manyLines) + " lines / among " + std::to_string(fewLines);
+    for (const auto& [what, costs] : few)
+        bench::PrintMedians(what + " among " + lines, many[what], costs, kAllowed);
     program.Window().close();
     return 0;
 }

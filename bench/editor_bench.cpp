@@ -1,16 +1,14 @@
 // What a key costs in the rich text editor with a body of 200 pages, against a bare text edit that shows the
 // same text: both get the same keys by turns, each with the drawing that follows.
 
+#include "Measure.h"
 #include "platform/widgets/Application.h"
 #include "platform/widgets/RichTextEdit.h"
 #include "platform/widgets/RichTextEditor.h"
 
-#include <QElapsedTimer>
 #include <QKeyEvent>
 #include <QTextDocumentFragment>
 
-#include <algorithm>
-#include <iostream>
 #include <string>
 #include <vector>
 
@@ -46,14 +44,12 @@ void Key(QWidget& edit, int key, const QString& text)
     QApplication::processEvents();
 }
 
-/// Nanoseconds of one key and what follows it. Words of six letters.
-qint64 CostOfAKey(QTextEdit& edit, int number)
+/// Milliseconds of one key and what follows it. Words of six letters.
+double CostOfAKey(QTextEdit& edit, int number)
 {
     const bool blank = number % 7 == 6;
-    QElapsedTimer timer;
-    timer.start();
-    Key(edit, blank ? Qt::Key_Space : Qt::Key_E, blank ? QStringLiteral(" ") : QStringLiteral("e"));
-    return timer.nsecsElapsed();
+    return bench::Milliseconds(
+        [&] { Key(edit, blank ? Qt::Key_Space : Qt::Key_E, QString(QLatin1Char(blank ? ' ' : 'e'))); });
 }
 
 void PutCursor(QTextEdit& edit, double share)
@@ -65,26 +61,20 @@ void PutCursor(QTextEdit& edit, double share)
     QApplication::processEvents();
 }
 
-qint64 Median(std::vector<qint64>& costs)
+void Compare(const std::string& place, double share, platform::RichTextEdit& ours, QTextEdit& bare)
 {
-    std::nth_element(costs.begin(), costs.begin() + kKeys / 2, costs.end());
-    return costs[kKeys / 2];
-}
-
-void Compare(const char* place, double share, platform::RichTextEdit& ours, QTextEdit& bare)
-{
-    std::vector<qint64> oursCosts;
-    std::vector<qint64> bareCosts;
+    std::vector<double> oursCosts;
+    std::vector<double> bareCosts;
     PutCursor(ours, share);
     PutCursor(bare, share);
     for (int key = 0; key < kKeys; ++key) {
         bareCosts.push_back(CostOfAKey(bare, key));
         oursCosts.push_back(CostOfAKey(ours, key));
     }
-    const double ratio = double(Median(oursCosts)) / double(Median(bareCosts));
-    std::cout << "key at the " << place << " of " << kPages << " pages: editor " << Median(oursCosts) / 1000
-              << " us, bare " << Median(bareCosts) / 1000 << " us, ratio " << ratio << " (at most "
-              << kAllowed << ")\n";
+    bench::PrintMedians("key at the " + place + " of " + std::to_string(kPages) + " pages / bare edit",
+                        oursCosts,
+                        bareCosts,
+                        kAllowed);
 }
 
 } // namespace
@@ -103,10 +93,7 @@ int main(int argc, char** argv)
         &editor.Body(), &platform::RichTextEdit::Changed, &editor, [&changed] { changed = true; });
     editor.resize(800, 600);
     editor.show();
-    QElapsedTimer timer;
-    timer.start();
     editor.Body().LoadFromMemory(LongBody());
-    std::cout << "load: " << timer.elapsed() << " ms\n";
 
     QTextEdit bare;
     bare.setFont(editor.Body().font());
@@ -120,8 +107,5 @@ int main(int argc, char** argv)
     Compare("start", 0.0, editor.Body(), bare);
     Compare("middle", 0.5, editor.Body(), bare);
     Compare("end", 0.99, editor.Body(), bare);
-    timer.restart();
-    const std::size_t size = editor.Body().SaveToMemory().size();
-    std::cout << "save: " << timer.elapsed() << " ms for " << size << " bytes\n";
     return changed ? 0 : 1;
 }

@@ -4,16 +4,16 @@
 
 #include "BareRead.h"
 #include "EveryFigure.h"
-#include "GeneratedFire.h"
+#include "Measure.h"
 #include "common/ConnectConversions.h"
 #include "common/ConnectStores.h"
 #include "platform/base/ProgramFolder.h"
+#include "support/GeneratedFire.h"
 #include "support/ScriptedDesktop.h"
 #include "support/TempFolder.h"
 
 #include <benchmark/benchmark.h>
 
-#include <cstdio>
 #include <map>
 #include <string>
 
@@ -37,8 +37,7 @@ public:
         if (m_medians.count(a) == 0 || m_medians.count(b) == 0) {
             return; // left out by a filter
         }
-        std::printf(
-            "%-46s %6.2f   (wanted: at most %g)\n", what.c_str(), m_medians.at(a) / m_medians.at(b), limit);
+        bench::PrintRow(what, m_medians.at(a), m_medians.at(b), limit);
     }
 
 private:
@@ -88,10 +87,11 @@ int main(int argc, char** argv)
     benchmark::Initialize(&argc, argv);
     Medians medians;
     benchmark::RunSpecifiedBenchmarks(&medians);
-    medians.PrintRatio("Smith Creek: figures / bare read", "smith-creek.figures", "smith-creek.bare", 5);
     medians.PrintRatio(
-        "1,000 alternatives: figures / bare read", "fire-of-1000.figures", "fire-of-1000.bare", 5);
+        "every figure of Smith Creek / bare read of the file", "smith-creek.figures", "smith-creek.bare", 5);
     medians.PrintRatio(
-        "figures: 1,000 / 100 alternatives", "fire-of-1000.figures", "fire-of-100.figures", 11);
+        "every figure of 1,000 alternatives / bare read", "fire-of-1000.figures", "fire-of-1000.bare", 5);
+    medians.PrintRatio(
+        "every figure of 1,000 / of 100 alternatives", "fire-of-1000.figures", "fire-of-100.figures", 11);
     return 0;
 }

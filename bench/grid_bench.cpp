@@ -3,18 +3,16 @@
 // merged neighbours too, against filling the bare table. Both get the same by turns, each with the drawing
 // that follows.
 
+#include "Measure.h"
 #include "platform/widgets/Application.h"
 #include "platform/widgets/Grid.h"
 
-#include <QElapsedTimer>
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QTableWidget>
 
-#include <algorithm>
 #include <functional>
-#include <iostream>
 #include <string>
 #include <vector>
 
@@ -75,13 +73,12 @@ void Settle()
         QApplication::processEvents();
 }
 
-qint64 CostOf(const std::function<void()>& work)
+double CostOf(const std::function<void()>& work)
 {
-    QElapsedTimer timer;
-    timer.start();
-    work();
-    Settle();
-    return timer.nsecsElapsed();
+    return bench::Milliseconds([&] {
+        work();
+        Settle();
+    });
 }
 
 /// A drawing that waited for a timer would fall into the other table's turn.
@@ -103,28 +100,19 @@ void Key(QWidget* edit, int number)
     QApplication::sendEvent(edit, &release);
 }
 
-qint64 Median(std::vector<qint64>& costs)
-{
-    const auto middle = costs.begin() + static_cast<std::ptrdiff_t>(costs.size() / 2);
-    std::nth_element(costs.begin(), middle, costs.end());
-    return *middle;
-}
-
 void Compare(const char* what,
              int times,
              double allowed,
              const std::function<void(int)>& ours,
              const std::function<void(int)>& bare)
 {
-    std::vector<qint64> oursCosts;
-    std::vector<qint64> bareCosts;
+    std::vector<double> oursCosts;
+    std::vector<double> bareCosts;
     for (int turn = 0; turn < times; ++turn) {
         bareCosts.push_back(CostOf([&] { bare(turn); }));
         oursCosts.push_back(CostOf([&] { ours(turn); }));
     }
-    const double ratio = double(Median(oursCosts)) / double(Median(bareCosts));
-    std::cout << what << ": grid " << Median(oursCosts) / 1000 << " us, bare " << Median(bareCosts) / 1000
-              << " us, ratio " << ratio << " (at most " << allowed << ")\n";
+    bench::PrintMedians(what, oursCosts, bareCosts, allowed);
 }
 
 QLineEdit* OpenEditor(QTableWidget& table, int row, int column)
@@ -168,7 +156,7 @@ int main(int argc, char** argv)
         Fill(table);
         DrawAtOnce(table);
     };
-    Compare("filling 81 rows", kFills, kFillAllowed, fillOurs, fillBare);
+    Compare("filling a grid of 81 rows / bare table", kFills, kFillAllowed, fillOurs, fillBare);
 
     QLineEdit* bare = OpenEditor(table, 4, 3);
     grid.Select(5, 3);
@@ -177,7 +165,7 @@ int main(int argc, char** argv)
     auto* ours = grid.viewport()->findChild<QLineEdit*>();
     if (bare == nullptr || ours == nullptr || !grid.IsEditing()) return 1;
     Compare(
-        "key in a cell of 81 rows",
+        "key in a grid of 81 rows / bare table",
         kKeys,
         kKeyAllowed,
         [&](int turn) { Key(ours, turn); },

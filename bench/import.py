@@ -17,6 +17,8 @@ import sys
 import tempfile
 import time
 
+from table import row
+
 PAGE = 2048
 DATA, TABLE = 1, 2
 ROOT = pathlib.Path(__file__).resolve().parent.parent
@@ -224,8 +226,9 @@ def main():
             for left in folder.iterdir():
                 left.unlink()
         ratio = best_convert / best_export
-        print(f"{len(data) / 2**20:.0f} MB: mdb-export {best_export:.2f} s, convert {best_convert:.2f} s, ratio {ratio:.2f}, "
-              f"memory {most:.0f} MB")
+        size = f"{len(data) / 2**20:.0f} MB"
+        row(f"import of {size} / mdb-export", best_convert, best_export, ratio, MOST_RATIO, "s")
+        row(f"import of {size}, memory / allowed", most, MOST_MEGABYTES, most / MOST_MEGABYTES, 1, "MB")
         sys.exit(0 if ratio <= MOST_RATIO and most <= MOST_MEGABYTES else 1)
     finally:
         shutil.rmtree(folder)

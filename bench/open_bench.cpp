@@ -2,6 +2,7 @@
 // that is made, given the same text and shown at the same size: both by turns, each with the drawing that
 // follows.
 
+#include "Measure.h"
 #include "platform/base/ProgramFolder.h"
 #include "platform/widgets/Application.h"
 #include "platform/widgets/RichTextEdit.h"
@@ -14,12 +15,9 @@
 #include "worksheets/frm02Tabs.h"
 #include "worksheets/frm0_VEXA.h"
 
-#include <QElapsedTimer>
 #include <QTextDocumentFragment>
 
-#include <algorithm>
 #include <filesystem>
-#include <iostream>
 #include <string>
 #include <vector>
 
@@ -41,26 +39,19 @@ std::string LongBody()
     return rtf + "}";
 }
 
-double Milliseconds(const std::function<void()>& job)
+double WithDrawing(const std::function<void()>& job)
 {
-    QElapsedTimer timer;
-    timer.start();
-    job();
-    QApplication::processEvents();
-    return double(timer.nsecsElapsed()) / 1e6;
-}
-
-double Median(std::vector<double> costs)
-{
-    std::nth_element(costs.begin(), costs.begin() + kTurns / 2, costs.end());
-    return costs[kTurns / 2];
+    return bench::Milliseconds([&] {
+        job();
+        QApplication::processEvents();
+    });
 }
 
 /// A bare edit that shows the text of another one: made, filled, laid out, drawn.
 double ShowBare(const QTextEdit& model)
 {
     QTextEdit bare;
-    return Milliseconds([&] {
+    return WithDrawing([&] {
         bare.setFont(model.font());
         bare.setUndoRedoEnabled(false);
         QTextCursor(bare.document()).insertFragment(QTextDocumentFragment(model.document()));
@@ -90,13 +81,11 @@ int main(int argc, char** argv)
     for (int turn = 0; turn < kTurns; ++turn) {
         worksheets.SetCurrTab(1);
         QApplication::processEvents();
-        ours.push_back(Milliseconds([&] { worksheets.SetCurrTab(3); }));
+        ours.push_back(WithDrawing([&] { worksheets.SetCurrTab(3); }));
         bares.push_back(
             ShowBare(*program.Window().findChild<platform::RichTextEdit*>(QStringLiteral("txtBody"))));
     }
-    std::cout << "opening a worksheet with a body of 200 KB: " << Median(ours) << " ms, bare edit "
-              << Median(bares) << " ms, ratio " << Median(ours) / Median(bares) << " (at most " << kAllowed
-              << ")\n";
+    bench::PrintMedians("opening a worksheet with a body of 200 KB / bare edit", ours, bares, kAllowed);
     program.Window().close();
     return 0;
 }

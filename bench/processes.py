@@ -13,8 +13,12 @@ import sys
 import tempfile
 import time
 
+from table import row
+
 RUNS = 25
 WARM_UP = 3
+CPU, WALL, MEMORY = 0, 1, 2
+EVALUATE_MEGABYTES = 30
 
 
 def run(command, environment=None):
@@ -33,15 +37,14 @@ def run(command, environment=None):
     return usage.ru_utime + usage.ru_stime, wall, usage.ru_maxrss / 1024
 
 
-def compare(what, ours, floor, environment=None, runs=RUNS):
-    """Runs both by turns and prints the medians and the ratios pair by pair."""
+def compare(what, ours, floor, budget, environment=None, runs=RUNS, columns=(CPU,)):
+    """Runs both by turns; rows of medians with the median of the ratios pair by pair. The most memory of ours."""
     pairs = [(run(ours, environment), run(floor)) for _ in range(runs + WARM_UP)][WARM_UP:]
-    for column, name in enumerate(("cpu ms", "wall ms", "peak MB")):
-        scale = 1 if column == 2 else 1000
-        a = [pair[0][column] * scale for pair in pairs]
-        b = [pair[1][column] * scale for pair in pairs]
+    for column in columns:
+        a, b = ([pair[side][column] * 1000 for pair in pairs] for side in (0, 1))
         ratio = statistics.median(x / y for x, y in zip(a, b))
-        print(f"{what:32} {name:8} {statistics.median(a):8.1f} {statistics.median(b):8.1f}   ratio {ratio:5.2f}")
+        row(what + (", wall" if column == WALL else ""), statistics.median(a), statistics.median(b), ratio, budget, "ms")
+    return max(pair[0][MEMORY] for pair in pairs)
 
 
 def compare_richtext(build, home):
@@ -50,12 +53,12 @@ def compare_richtext(build, home):
     rtf = str(home / "narrative.rtf")
     subprocess.run([bench, "make", rtf], check=True)
     if shutil.which("unrtf"):
-        compare("rtf to text / unrtf --text", [bench, "text", rtf], ["unrtf", "--text", rtf])
-        compare("rtf to document / unrtf --text", [bench, "document", rtf], ["unrtf", "--text", rtf])
+        compare("rtf to text / unrtf --text", [bench, "text", rtf], ["unrtf", "--text", rtf], 0.25)
+        compare("rtf to document / unrtf --text", [bench, "document", rtf], ["unrtf", "--text", rtf], 2)
     if shutil.which("soffice"):
         office = ["soffice", f"-env:UserInstallation=file://{home}/office", "--headless", "--convert-to", "html",
                   "--outdir", str(home), rtf]
-        compare("rtf to document / soffice", [bench, "document", rtf], office, runs=3)
+        compare("rtf to document / soffice", [bench, "document", rtf], office, 0.25, runs=3)
 
 
 def compare_report(build, home, fire, surroundings):
@@ -68,12 +71,12 @@ def compare_report(build, home, fire, surroundings):
     if shutil.which("pdftotext"):
         subprocess.run(["pdftotext", "-layout", pdf, words], check=True)
         floor = [str(build / "bench/vexa_bench_report"), "floor", words, str(home / "floor.pdf")]
-        compare("report to pdf / QTextDocument", [*report, pdf], floor, surroundings)
-        compare("report to rtf / report to pdf", [*report, rtf], [*report, pdf], surroundings)
+        compare("report to pdf / QTextDocument", [*report, pdf], floor, 2, surroundings)
+        compare("report to rtf / report to pdf", [*report, rtf], [*report, pdf], 1, surroundings)
     if shutil.which("soffice"):
         office = ["soffice", f"-env:UserInstallation=file://{home}/office", "--headless", "--convert-to", "pdf",
                   "--outdir", str(home / "office-pdf"), rtf]
-        compare("report to pdf / soffice", [*report, pdf], office, surroundings, runs=3)
+        compare("report to pdf / soffice", [*report, pdf], office, 0.2, surroundings, runs=3)
 
 
 def main():
@@ -84,13 +87,14 @@ def main():
         fire = str(home / "smith-creek.qel")
         shutil.copy(build / "bin/samples/smith-creek.qel", fire)
         surroundings = {"VEXA_HOME": str(home)}
-        compare("evaluate / sqlite3 .dump", [str(build / "bin/vexa-cli"), "evaluate", fire],
-                ["sqlite3", fire, ".dump"], surroundings)
+        memory = compare("evaluate / sqlite3 .dump", [str(build / "bin/vexa-cli"), "evaluate", fire],
+                         ["sqlite3", fire, ".dump"], 4, surroundings)
+        row("evaluate, memory / allowed", memory, EVALUATE_MEGABYTES, memory / EVALUATE_MEGABYTES, 1, "MB")
         compare_richtext(build, home)
         compare_report(build, home, fire, surroundings)
         if os.environ.get("DISPLAY"):
             compare("first worksheet / bare window", [str(build / "bench/vexa_bench_start_vexa"), fire],
-                    [str(build / "bench/vexa_bench_start_bare")], surroundings)
+                    [str(build / "bench/vexa_bench_start_bare")], 2, surroundings, columns=(CPU, WALL))
 
 
 main()

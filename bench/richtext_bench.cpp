@@ -5,6 +5,7 @@
 //   document FILE   reads it into a document that an editor can show
 //   write FILE      in one process: what writing costs against reading, as a ratio
 
+#include "Measure.h"
 #include "platform/richtext/RtfReader.h"
 #include "platform/richtext/RtfWriter.h"
 #include "platform/widgets/RichTextBridge.h"
@@ -12,8 +13,6 @@
 #include <QGuiApplication>
 #include <QPalette>
 
-#include <algorithm>
-#include <chrono>
 #include <fstream>
 #include <iostream>
 #include <iterator>
@@ -71,32 +70,19 @@ int Document(const char* path)
     return document.blockCount() >= kParagraphs ? 0 : 1;
 }
 
-template <class Job> double Milliseconds(Job job)
-{
-    const auto start = std::chrono::steady_clock::now();
-    job();
-    return std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - start).count();
-}
-
-double Median(std::vector<double> costs)
-{
-    std::nth_element(costs.begin(), costs.begin() + kRuns / 2, costs.end());
-    return costs[kRuns / 2];
-}
-
 int Write(const char* path)
 {
     const std::string rtf = Contents(path);
     std::vector<double> reads;
     std::vector<double> writes;
-    std::size_t written = 0;
     for (int run = 0; run < kRuns; ++run) {
         richtext::RichDocument document;
-        reads.push_back(Milliseconds([&] { document = richtext::ReadRtf(rtf); }));
-        writes.push_back(Milliseconds([&] { written = richtext::WriteRtf(document).size(); }));
+        reads.push_back(bench::Milliseconds([&] { document = richtext::ReadRtf(rtf); }));
+        writes.push_back(bench::Milliseconds([&] {
+            if (richtext::WriteRtf(document).empty()) throw std::logic_error("nothing was written");
+        }));
     }
-    std::cout << "read " << Median(reads) << " ms, write " << Median(writes) << " ms of " << written
-              << " bytes, ratio " << Median(writes) / Median(reads) << " (at most 1)\n";
+    bench::PrintMedians("rtf of 5 MB: writing / reading", writes, reads, 1.0);
     return 0;
 }
 

@@ -2,25 +2,24 @@
 // loss or a size against the same key in a bare table that shows as many cells, by turns, each with the
 // drawing that follows; and entering a worksheet against filling such a table.
 
-#include "GeneratedFire.h"
+#include "Measure.h"
 #include "platform/widgets/Application.h"
 #include "platform/widgets/Grid.h"
 #include "platform/widgets/ListBox.h"
 #include "platform/widgets/TabStrip.h"
 #include "session/a1VEXA.h"
+#include "support/GeneratedFire.h"
 #include "support/TempFolder.h"
 #include "vexa/Program.h"
 #include "worksheets/frm02Tabs.h"
 
-#include <QElapsedTimer>
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QTableWidget>
 
-#include <algorithm>
-#include <cstdio>
 #include <memory>
+#include <string>
 #include <vector>
 
 namespace {
@@ -48,23 +47,6 @@ constexpr Sheet kSheets[] = {
 };
 
 using BareTable = std::unique_ptr<QTableWidget>;
-
-qint64 Median(std::vector<qint64> costs)
-{
-    const auto middle = costs.begin() + static_cast<std::ptrdiff_t>(costs.size() / 2);
-    std::nth_element(costs.begin(), middle, costs.end());
-    return *middle;
-}
-
-void Print(const std::string& what, qint64 ours, qint64 bare, double allowed)
-{
-    std::printf("%-48s %8.3f ms, bare %8.3f ms, ratio %.2f (at most %.0f)\n",
-                what.c_str(),
-                double(ours) / 1e6,
-                double(bare) / 1e6,
-                double(ours) / double(bare),
-                allowed);
-}
 
 /// A table of the toolkit with the texts and the place of a grid.
 BareTable FillBare(const platform::Grid& grid)
@@ -96,17 +78,12 @@ void Key(QWidget& editor, int key, const QString& text)
     QApplication::processEvents();
 }
 
-/// Nanoseconds of one key and what follows it: a digit, and at the next call its removal.
-qint64 CostOfAKey(QWidget& editor, int number)
+/// Milliseconds of one key and what follows it: a digit, and at the next call its removal.
+double CostOfAKey(QWidget& editor, int number)
 {
-    QElapsedTimer timer;
-    timer.start();
-    if (number % 2 == 0) {
-        Key(editor, Qt::Key_5, QStringLiteral("5"));
-    } else {
-        Key(editor, Qt::Key_Backspace, QString());
-    }
-    return timer.nsecsElapsed();
+    const bool digit = number % 2 == 0;
+    return bench::Milliseconds(
+        [&] { Key(editor, digit ? Qt::Key_5 : Qt::Key_Backspace, QString::fromUtf8(digit ? "5" : "")); });
 }
 
 class Bench
@@ -142,19 +119,16 @@ private:
 
     void Entry(const Sheet& sheet)
     {
-        std::vector<qint64> ours;
-        std::vector<qint64> bare;
+        std::vector<double> ours;
+        std::vector<double> bare;
         for (int visit = 0; visit < kVisits; ++visit) {
             GoTo(sheet.section, 1);
-            QElapsedTimer timer;
-            timer.start();
-            GoTo(sheet.section, sheet.tab);
-            ours.push_back(timer.nsecsElapsed());
-            timer.restart();
-            const BareTable table = FillBare(GridOf(sheet));
-            bare.push_back(timer.nsecsElapsed());
+            ours.push_back(bench::Milliseconds([&] { GoTo(sheet.section, sheet.tab); }));
+            BareTable table;
+            bare.push_back(bench::Milliseconds([&] { table = FillBare(GridOf(sheet)); }));
         }
-        Print(std::string("entering, ") + sheet.name, Median(ours), Median(bare), kEntryAllowed);
+        bench::PrintMedians(
+            std::string("entering, ") + sheet.name + " / bare table", ours, bare, kEntryAllowed);
     }
 
     void Keys(const Sheet& sheet)
@@ -170,13 +144,14 @@ private:
         table->editItem(table->item(1, sheet.column));
         auto* bareEditor = table->findChild<QLineEdit*>();
         bareEditor->clear();
-        std::vector<qint64> ours;
-        std::vector<qint64> bare;
+        std::vector<double> ours;
+        std::vector<double> bare;
         for (int key = 0; key < kKeys; ++key) {
             bare.push_back(CostOfAKey(*bareEditor, key));
             ours.push_back(CostOfAKey(editor, key));
         }
-        Print(std::string("a key in the ") + sheet.name, Median(ours), Median(bare), kKeyAllowed);
+        bench::PrintMedians(
+            std::string("a key in the ") + sheet.name + " / bare table", ours, bare, kKeyAllowed);
         GoTo(sheet.section, 1);
     }
 
@@ -199,9 +174,9 @@ int main(int argc, char** argv)
     program.Window().resize(1200, 900);
     a1VEXA::StartWithFile(path);
     if (program.Window().Tabs() == nullptr) return 1;
-    Bench bench(program.Window());
+    Bench worksheets(program.Window());
     for (const Sheet& sheet : kSheets)
-        bench.Measure(sheet);
+        worksheets.Measure(sheet);
     program.Window().close();
     return 0;
 }

@@ -21,7 +21,7 @@ using Ticks = std::array<bool, sectionCount>;
 struct Section
 {
     const char* name;
-    void (*produce)(); // nothing: not built yet, the section is left out
+    void (*produce)();
 };
 
 constexpr std::array<Section, sectionCount> sections{{
@@ -30,9 +30,9 @@ constexpr std::array<Section, sectionCount> sections{{
     {"Signature Page", &ReportSections::PrintDailyReview},
     {"Suppression Objectives", &ReportSections::PrintObjectives},
     {"Safety Issues", &ReportSections::PrintSafetyIssues},
-    {"Alternatives", nullptr},
-    {"Estimated Suppression Cost", nullptr},
-    {"Values Threatened", nullptr},
+    {"Alternatives", &ReportSections::PrintAlternatives},
+    {"Estimated Suppression Cost", &ReportSections::PrintCosts},
+    {"Values Threatened", &ReportSections::PrintImpacts},
     {"Safety Assessment", &ReportSections::PrintSafetyAssessment},
     {"Decision Tree", &ReportSections::PrintDecisionTree},
 }};
@@ -62,16 +62,6 @@ bool TellPage(Long page)
     return TellProgress();
 }
 
-bool IsProduced(Integer number) { return bSelected(number) && sections[PlaceOf(number)].produce != nullptr; }
-
-Integer CountProduced()
-{
-    Integer count = 0;
-    for (Integer number = 1; number <= sectionCount; ++number)
-        count = static_cast<Integer>(count + (IsProduced(number) ? 1 : 0));
-    return count;
-}
-
 std::string Title()
 {
     const std::string fireName = g0Items::GetItem(g0Items::FireName)->Body();
@@ -89,9 +79,9 @@ void SetUpPage()
 
 void ProduceSections()
 {
-    const Integer count = CountProduced();
+    const Integer count = nSelected();
     for (Integer number = 1; number <= sectionCount; ++number) {
-        if (!IsProduced(number)) continue;
+        if (!bSelected(number)) continue;
         g_progress.section = number;
         ProduceSection(number);
         ++g_progress.done;
@@ -184,8 +174,7 @@ void ProduceSelectedSections()
 void ProduceSection(Integer section)
 {
     u91Trace::Trace("ProduceSection " + std::to_string(section));
-    if (IsSection(section) && sections[PlaceOf(section)].produce != nullptr)
-        sections[PlaceOf(section)].produce();
+    if (IsSection(section)) sections[PlaceOf(section)].produce();
 }
 
 void vsPrinter1_NewPage()

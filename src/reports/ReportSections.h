@@ -15,6 +15,12 @@ void PrintDailyReview();
 void PrintObjectives();
 /// 5: the safety issues.
 void PrintSafetyIssues();
+/// 6: what each alternative is, and what its outcomes would be.
+void PrintAlternatives();
+/// 7: what suppression costs under every alternative: by land unit, where there are several, and by resource.
+void PrintCosts();
+/// 8: what the outcomes of every alternative would cost in resource values and threatened items.
+void PrintImpacts();
 /// 9: the safety ratings of every alternative.
 void PrintSafetyAssessment();
 /// 10: a probability tree of every alternative.

@@ -17,6 +17,9 @@ struct ReportState
     Integer rtfLists = 0; // nothing resets it: the numbers go on rising over the exports of a session
     std::string printFont;
     std::vector<PrintFormat> formatStack{1};
+    // Of the cost report. Once true they stay so, over every file opened.
+    bool bCostByFMU = false;     // a file had more than one land unit
+    bool bResourcesUsed = false; // an outcome had a resource use; kept, read by nothing
 };
 
 ReportState& State();

@@ -16,20 +16,28 @@ protected:
         return "{\\rtf1\\deff0{\\fonttbl{\\f0 Arial;}}\\pard\\f0\\fs20\\sb" + std::to_string(spaceBefore) +
                " " + text + "\\par }";
     }
-    /// The page of the second category, when its row would begin at `top` and the measure of its description,
-    /// with the space above rows still in force, comes down to `end`.
+    using Rows = platform::Collection<std::shared_ptr<c41Objective>>;
+
+    /// The page of the third row of a section, when it would begin at `top` and the measure of its
+    /// description, with the space above the row before still in force, comes down to `end`.
+    static Long PageOfThird(Integer section, const Rows& rows, Double space, Double top, Double end)
+    {
+        rows.At(1)->SetDescription(BodyOf("a", 0));
+        rows.At(2)->SetDescription(BodyOf("b", 0));
+        rows.At(3)->SetDescription(BodyOf("c", 0));
+        const std::string& name = rows.At(3)->ItemName();
+        const Double now = TopOf(section, name);
+        rows.At(2)->SetDescription(BodyOf("b", platform::ToLong(top - now)));
+        EXPECT_EQ(TopOf(section, name), top);
+        rows.At(3)->SetDescription(BodyOf("c", platform::ToLong(end - top - space - OneLine())));
+        Produce({section});
+        const std::vector<Place> places = PlacesOf(name);
+        return places.empty() ? PlaceOf("   " + name).page : places.front().page;
+    }
+    /// Of the second category.
     static Long PageOfCategory(Double top, Double end)
     {
-        const auto& objectives = g41Objectives::ObjectiveCollection();
-        objectives.At(1)->SetDescription(BodyOf("a", 0));
-        objectives.At(2)->SetDescription(BodyOf("b", 0));
-        objectives.At(3)->SetDescription(BodyOf("c", 0));
-        const Double now = TopOf(3);
-        objectives.At(2)->SetDescription(BodyOf("b", platform::ToLong(top - now)));
-        EXPECT_EQ(TopOf(3), top);
-        objectives.At(3)->SetDescription(BodyOf("c", platform::ToLong(end - top - 120.0 - OneLine())));
-        Produce({4});
-        return PlaceOf(objectives.At(3)->ItemName()).page;
+        return PageOfThird(4, g41Objectives::ObjectiveCollection(), 120.0, top, end);
     }
     static Double OneLine()
     {
@@ -37,17 +45,16 @@ protected:
         Printer().CalcParagraph("x");
         return Printer().TextHei();
     }
-    /// Where a category begins, above the space of its row.
-    static Double TopOf(Long place)
+    /// Where a row begins, above its space.
+    static Double TopOf(Integer section, const std::string& name)
     {
-        Produce({4});
-        const std::string name = g41Objectives::ObjectiveCollection().At(place)->ItemName();
+        Produce({section});
         Double top = 0.0;
         for (const auto& item : Printer().Pages().flow) {
             const auto* table = std::get_if<platform::print::FlowTable>(&item.content);
             if (table == nullptr) continue;
             const auto& runs = table->table.rows.front().cells.front().blocks.front().AsParagraph()->runs;
-            if (!runs.empty() && runs.front().text == name) top = item.top;
+            if (!runs.empty() && runs.front().text.ends_with(name)) top = item.top;
         }
         return top;
     }
@@ -102,6 +109,15 @@ TEST_F(Objectives, CategoryNeedsAThousandAtTheFoot)
     EXPECT_EQ(PageOfCategory(13000.0, 14841.0), 2);
 }
 
+TEST_F(Objectives, ItemNeeds720AtTheFoot)
+{
+    OpenNew(firesql::ObjectivesBelow(3, {10}));
+    const auto& objectives = g41Objectives::ObjectiveCollection();
+    ASSERT_FALSE(objectives.At(3)->bCategory());
+    EXPECT_EQ(PageOfThird(4, objectives, 120.0, 13000.0, 15120.0), 1);
+    EXPECT_EQ(PageOfThird(4, objectives, 120.0, 13000.0, 15121.0), 2);
+}
+
 TEST_F(Objectives, CategoryOnTheNextPage_StandsBelowTheColumnHead)
 {
     OpenNew("UPDATE Objectives SET SiblingKey = 0 WHERE \"Key\" = 4;");
@@ -138,6 +154,16 @@ TEST_F(Objectives, SafetyIssues_HaveNoColumnHeadAndNoFigures)
     PlaceOf("Row 7");
     PlaceOf("About 7");
     EXPECT_FALSE(HasLine("Safety 10 1.00") || HasLine("   Safety 10 1.00"));
+}
+
+TEST_F(Objectives, IssueNeeds720AtTheFootAlthoughItLooksLikeACategory)
+{
+    OpenNew(firesql::Issues({10, 5}));
+    const auto& issues = g42SafetyIssues::SafetyIssueCollection();
+    EXPECT_EQ(PageOfThird(5, issues, 120.0, 13000.0, 15120.0), 1);
+    EXPECT_EQ(PageOfThird(5, issues, 120.0, 13000.0, 15121.0), 2);
+    EXPECT_EQ(PageOfThird(5, issues, 120.0, 12000.0, 15500.0), 1);
+    EXPECT_EQ(PageOfThird(5, issues, 120.0, 12001.0, 15500.0), 2);
 }
 
 TEST_F(Objectives, EmptyDescriptions_LeaveALineInTheReportOfObjectivesAndNoneInThatOfIssues)

@@ -82,6 +82,9 @@ TEST_F(Run, Produce_AllSections_ComeInTheOrderOfTheirNumbers)
                                         "Daily Review",
                                         "Objectives",
                                         "Safety Issues",
+                                        "Alternatives",
+                                        "Estimated Suppression Costs",
+                                        "Resource Value Losses",
                                         "Safety Assessment",
                                         "Decision Tree"}));
 }

@@ -12,6 +12,11 @@ class PrintError : public Error
 {
 public:
     PrintError(const std::string& path, const std::string& cause);
+    /// Pages that a printer did not take.
+    static PrintError Refused(const std::string& printer, const std::string& cause);
+
+private:
+    PrintError(int number, const std::string& sentences);
 };
 
 /// The user cancelled. No file was written and no pages are left.

@@ -1,5 +1,7 @@
 #include "platform/print/PrintState.h"
 
+#include "platform/print/KeepRules.h"
+
 #include <algorithm>
 #include <utility>
 
@@ -77,6 +79,7 @@ void PrintControl::State::WriteParagraph(richtext::RichDocument text)
     item.isHeading = !heading.empty();
     const LaidText laid = LayOut(text, FrameAt(start));
     MoveLists(text, document.lists);
+    Loosen(text.blocks, laid, flow.ColumnHeight());
     item.blocks = std::move(text.blocks);
     flow.Note(std::move(item));
     pending.clear();

@@ -28,6 +28,10 @@ void MakeRoomForRules(richtext::TableCell& cell);
 /// Leaves out pictures that are damaged: for one of them some word processors refuse the whole document.
 void DropDamagedPictures(std::vector<richtext::Block>& blocks);
 
+/// Makes pictures and tables small enough for the place that they stand in, as the pages do: word processors
+/// squeeze a picture that is wider than its cell, and a table in it pushes the cell over the margin.
+void FitIn(std::vector<richtext::Block>& blocks, Double width, Double height);
+
 /// Moves a paragraph and its tab stops in from the left, and in from the right.
 void Indent(richtext::Paragraph& paragraph, Long left, Long right);
 

@@ -140,6 +140,18 @@ void RtfFlow::WriteParagraph(const Paragraph& paragraph, bool isHeading)
     m_sectionIsEmpty = false;
 }
 
+Double RtfFlow::ColumnWidth() const
+{
+    const Double text = m_document.pageWidth - m_section.marginLeft - m_section.marginRight;
+    const Double columns = std::max<Double>(1.0, m_section.columns);
+    return (text - (columns - 1.0) * m_section.columnGap) / columns;
+}
+
+Double RtfFlow::TextHeight() const
+{
+    return m_document.pageHeight - m_section.marginTop - m_section.marginBottom;
+}
+
 /// A paragraph of an exact height and no text.
 void RtfFlow::WriteSpacer(Double height)
 {
@@ -168,6 +180,7 @@ void RtfFlow::WriteText(FlowItem& item, FlowText& text)
     if (FirstParagraph(text.blocks) == nullptr && gap > 0.0) WriteSpacer(gap);
     Tighten(text.blocks);
     DropDamagedPictures(text.blocks);
+    FitIn(text.blocks, std::max(1.0, ColumnWidth() - left - right), TextHeight());
     if (Paragraph* first = FirstParagraph(text.blocks))
         first->format.indentFirst += Twips(text.firstX.value_or(text.left) - text.left);
     AddSpaceBefore(text.blocks, Twips(gap + text.spaceBefore));
@@ -208,6 +221,7 @@ void RtfFlow::PrepareRules(FlowTable& table)
         for (richtext::TableCell& cell : row.cells) {
             Tighten(cell.blocks);
             DropDamagedPictures(cell.blocks);
+            FitIn(cell.blocks, std::max(1.0, cell.width - 2.0 * row.cellGap), TextHeight());
             MakeRoomForRules(cell);
             AddSpaceBefore(cell.blocks, Twips(rules.spaceBefore + rules.spacing));
             AddSpaceAfter(cell.blocks, Twips(rules.spaceAfter));

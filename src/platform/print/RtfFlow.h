@@ -43,6 +43,8 @@ private:
     void WriteSpacer(Double height);
     void FlushAnchors();
     void MoveTo(const FlowItem& item, Double& gap);
+    Double ColumnWidth() const; // of the section that is being written
+    Double TextHeight() const;
     void PrepareRows(richtext::Table& table, Double left);
     void PrepareRules(FlowTable& table);
     std::string TakeStart();

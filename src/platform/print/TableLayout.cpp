@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace platform::print {
 
@@ -149,9 +150,13 @@ Double LaidRow::FirstLine() const
 
 LaidRow LaidRow::TakeFront(Double available, bool force)
 {
+    std::vector<LaidText> texts; // are moved: a copy for every page would make long rows slow
+    for (LaidCell& cell : cells)
+        texts.push_back(std::exchange(cell.text, {}));
     LaidRow front = *this;
     const Double forLines = available - spaceBefore - spacing;
     for (std::size_t i = 0; i < cells.size(); ++i) {
+        cells[i].text = std::move(texts[i]);
         front.cells[i].text = TakeLines(cells[i].text, forLines, force);
         front.cells[i].alignment = cells[i].alignment = richtext::CellAlignment::Top;
     }

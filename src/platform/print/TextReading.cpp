@@ -2,7 +2,6 @@
 
 #include "platform/richtext/RtfOutput.h"
 
-#include <algorithm>
 #include <utility>
 
 namespace platform::print {
@@ -64,17 +63,6 @@ void Align(std::vector<Block>& blocks, Integer code)
         if (paragraph != nullptr && paragraph->format.alignment == Alignment::Left)
             paragraph->format.alignment = across;
     }
-}
-
-void MoveLists(richtext::RichDocument& from, std::vector<richtext::RichList>& to)
-{
-    const auto before = static_cast<Long>(to.size());
-    if (from.lists.empty()) return;
-    ForEachParagraph(from.blocks, [before](richtext::Paragraph& paragraph) {
-        if (paragraph.format.list > 0) paragraph.format.list += before;
-    });
-    std::move(from.lists.begin(), from.lists.end(), std::back_inserter(to));
-    from.lists.clear();
 }
 
 } // namespace platform::print

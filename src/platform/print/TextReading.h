@@ -2,6 +2,7 @@
 
 #include "platform/print/PrintSettings.h"
 #include "platform/print/PrintText.h"
+#include "platform/richtext/MoveLists.h"
 #include "platform/richtext/RichDocument.h"
 
 #include <vector>
@@ -18,23 +19,5 @@ void Align(std::vector<richtext::Block>& blocks, Integer code);
 /// The part of an alignment code that is across: left, centre, right; and down.
 richtext::Alignment AcrossOf(Integer code);
 richtext::CellAlignment DownOf(Integer code);
-
-/// Calls something for each paragraph, also of cells.
-template <class Change> void ForEachParagraph(std::vector<richtext::Block>& blocks, const Change& change)
-{
-    for (richtext::Block& block : blocks) {
-        if (richtext::Paragraph* paragraph = block.AsParagraph()) {
-            change(*paragraph);
-            continue;
-        }
-        for (richtext::TableRow& row : block.AsTable()->rows) {
-            for (richtext::TableCell& cell : row.cells)
-                ForEachParagraph(cell.blocks, change);
-        }
-    }
-}
-
-/// Moves the lists of a text behind others, so that none are joined, and renumbers its paragraphs.
-void MoveLists(richtext::RichDocument& from, std::vector<richtext::RichList>& to);
 
 } // namespace platform::print

@@ -28,7 +28,7 @@ RichDocument ReadParts(const std::vector<TextPart>& parts)
 {
     reader::Parser parser(Source::Body, reader::Wanted::Everything);
     for (const TextPart& part : parts) {
-        const std::string_view text = part.text.substr(0, maxRtfBytes);
+        const std::string_view text = part.text.substr(0, maxPartBytes);
         part.kind == TextPart::Kind::Rich ? parser.ReadRichPart(text) : parser.ReadPlainPart(text);
     }
     return parser.Finish();

@@ -17,6 +17,8 @@ enum class Source {
 
 /// A text longer than this is cut to it; what stands before the cut is read.
 constexpr std::size_t maxRtfBytes = 64u << 20;
+/// The same for a part of a text for the print control, which may hold many bodies.
+constexpr std::size_t maxPartBytes = 1u << 30;
 
 /// The memory that paragraphs and runs of a text may take, beside their characters. A flood of them beyond it
 /// runs on in one paragraph and one look, with line breaks; no text is lost.

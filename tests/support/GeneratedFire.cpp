@@ -1,4 +1,4 @@
-#include "GeneratedFire.h"
+#include "support/GeneratedFire.h"
 
 #include "support/TestSession.h"
 
