@@ -1,8 +1,11 @@
 #include "worksheets/GetRtfFileName.h"
 
 #include "platform/base/Desktop.h"
+#include "platform/base/Files.h"
 #include "platform/base/ProgramFolder.h"
+#include "platform/print/PrintError.h"
 #include "session/u11Datafile.h"
+#include "session/u14Properties.h"
 #include "session/u91Trace.h"
 
 #include <exception>
@@ -36,5 +39,10 @@ std::string GetRtfFileName()
     request.filter = "RTF files (*.rtf)|*.rtf|All Files (*.*)|*.*";
     request.asksBeforeReplacing = true; // nothing else does, and the file there may have been worked on
     SetDefaults(request);
-    return platform::TheDesktop().AskFile(request).value_or(std::string());
+    const std::string path = platform::TheDesktop().AskFile(request).value_or(std::string());
+    if (path.empty() || !platform::IsSameFile(path, OpenDataFile())) return path;
+    platform::ShowMessage({platform::print::PrintError(path, "it is the data file that is open").what()});
+    return {};
 }
+
+std::string OpenDataFile() { return u14Properties::Property_Get("FullFileName"); }

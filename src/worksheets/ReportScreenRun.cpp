@@ -6,6 +6,7 @@
 #include "platform/widgets/Printing.h"
 #include "reports/ReportUtilities.h"
 #include "session/u91Trace.h"
+#include "worksheets/GetRtfFileName.h"
 #include "worksheets/ReportRunBar.h"
 #include "worksheets/Worksheet.h"
 #include "worksheets/a3VEXAforms.h"
@@ -32,7 +33,9 @@ void ConnectPrinter()
     auto& printer = ReportUtilities::VSPrinter1();
     const Printing::Paper paper = Printing::PaperInUse();
     printer.SetPaper(paper.width, paper.height);
-    printer.SetPrinter(&Printing::Print);
+    printer.SetPrinter([](const platform::print::Document& pages, Long first, Long last) {
+        Printing::Print(pages, first, last, OpenDataFile());
+    });
 }
 
 QString WordsOf(const ReportRun::Progress& progress)
@@ -90,8 +93,9 @@ bool ReportScreenRun::Follow(const ReportRun::Progress& progress)
 {
     const double parts = std::max<double>(1.0, ReportRun::nSelected());
     m_bar->Tell(WordsOf(progress), progress.done / parts);
-    if (m_to == To::Preview && m_bar->IsLong() && progress.page > 0) ShowEarly();
-    if (m_sinceEvents.elapsed() >= kBetweenEvents) {
+    const bool isFirst = !m_shownEarly;
+    if (m_to == To::Preview && progress.page > 0) ShowEarly();
+    if ((isFirst && m_shownEarly) || m_sinceEvents.elapsed() >= kBetweenEvents) {
         platform::TheDesktop().LetEventsRun();
         m_sinceEvents.start();
     }
@@ -186,5 +190,16 @@ void RunReport(ReportScreenRun::To to, ReportRunBar& bar, const std::function<vo
         ReportScreenRun screen(to, bar);
         run();
         screen.Finish();
+    });
+}
+
+void FollowPaper()
+{
+    const platform::print::Document& shown = ReportUtilities::VSPrinter1().Pages();
+    if (frmPreview::Loaded() == nullptr || shown.pages.empty()) return;
+    const Printing::Paper paper = Printing::PaperInUse();
+    if (paper.width == shown.pageWidth && paper.height == shown.pageHeight) return;
+    RunReport(ReportScreenRun::To::Elsewhere, frmPreview::Loaded()->RunBar(), [] {
+        ReportRun::PreviewSelectedSections();
     });
 }

@@ -58,3 +58,5 @@ private:
 void TellPrintErrors(const std::function<void()>& action);
 /// Runs a command that produces the report, and tells its print errors.
 void RunReport(ReportScreenRun::To to, ReportRunBar& bar, const std::function<void()>& run);
+/// Lays the pages that the preview shows out again where the printer's paper is another by now.
+void FollowPaper();

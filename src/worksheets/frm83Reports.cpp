@@ -180,4 +180,8 @@ void frm83Reports::cmdSave_Click()
     RunReport(ReportScreenRun::To::Elsewhere, *m_runBar, [&] { ReportRun::SaveSelectedSections(fileName); });
 }
 
-void frm83Reports::cmdPrinterSetup_Click() { platform::TheDesktop().PrinterSetup(); }
+void frm83Reports::cmdPrinterSetup_Click()
+{
+    platform::TheDesktop().PrinterSetup();
+    FollowPaper();
+}

@@ -3,6 +3,7 @@
 #include "platform/base/Desktop.h"
 #include "platform/print/PrintControl.h"
 #include "platform/widgets/Application.h"
+#include "platform/widgets/HelpKey.h"
 #include "platform/widgets/PageView.h"
 #include "platform/widgets/Theme.h"
 #include "reports/ReportRun.h"
@@ -11,7 +12,6 @@
 #include "worksheets/GetRtfFileName.h"
 #include "worksheets/ReportRunBar.h"
 #include "worksheets/ReportScreenRun.h"
-#include "worksheets/frm0_VEXA.h"
 
 #include <QCloseEvent>
 #include <QKeyEvent>
@@ -52,8 +52,9 @@ void frmPreview::Display()
         g_form->Form_Load();
     }
     g_form->m_pages->SetFit(platform::PageView::Fit::Width);
-    g_form->m_pageBefore = 1;
-    g_form->ShowPages();
+    g_form->SetSentence();
+    g_form->m_pages->ShowDocument(&VSPrinter1().Pages());
+    g_form->m_txtFind->clear();
     g_form->show();
     g_form->raise();
     g_form->activateWindow();
@@ -70,6 +71,7 @@ frmPreview::frmPreview()
     setObjectName(QStringLiteral("frmPreview"));
     setWindowTitle(QStringLiteral("Print Preview"));
     setAttribute(Qt::WA_DeleteOnClose);
+    platform::HelpKey::SetTopic(*this, kHelpContext);
 }
 
 frmPreview::~frmPreview() = default;
@@ -96,21 +98,20 @@ void frmPreview::closeEvent(QCloseEvent* event)
 
 // ---- The pages
 
-void frmPreview::Freeze()
-{
-    m_pageBefore = m_pages->CurrentPage();
-    m_pages->Freeze();
-}
+void frmPreview::Freeze() { m_pages->Freeze(); }
 
-void frmPreview::ShowPages()
+void frmPreview::SetSentence()
 {
     const bool nothingTicked = ReportRun::nSelected() == 0;
     m_pages->SetSentence(nothingTicked
                              ? QStringLiteral("There are no pages, since no section of the report is ticked.")
                              : QStringLiteral("There are no pages, since the report was not finished."));
-    m_pages->ShowDocument(&VSPrinter1().Pages());
-    m_pages->GoToPage(m_pageBefore);
-    LeaveFind();
+}
+
+void frmPreview::ShowPages()
+{
+    SetSentence();
+    m_pages->ShowAgain(&VSPrinter1().Pages());
 }
 
 void frmPreview::PagesAdded() { m_pages->PagesAdded(); }
@@ -206,7 +207,6 @@ void frmPreview::LeaveFind()
 void frmPreview::keyPressEvent(QKeyEvent* event)
 {
     switch (event->key()) {
-    case Qt::Key_F1: return MainWindow().ShowHelp(kHelpContext);
     case Qt::Key_PageUp:
     case Qt::Key_PageDown:
     case Qt::Key_Home:

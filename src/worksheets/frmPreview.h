@@ -29,7 +29,7 @@ public:
 
     /// The report is made anew: what is shown stays until ShowPages or Display.
     void Freeze();
-    /// Shows the pages of the print control, at the page that was shown.
+    /// Shows the pages of the print control, at the place that was shown.
     void ShowPages();
     /// The report that is shown has more pages.
     void PagesAdded();
@@ -57,6 +57,8 @@ private:
     void cmdPrintReport_Click();
     void cmdClose_Click();
 
+    /// What stands where there are no pages.
+    void SetSentence();
     void txtPage_Return();
     void ShowPageNumber();
     void ShowZoom();
@@ -81,5 +83,4 @@ private:
     QToolButton* m_cmdFindPrevious = nullptr;
     QToolButton* m_cmdFindNext = nullptr;
     QLabel* m_lblFound = nullptr;
-    int m_pageBefore = 1; // the run that goes on
 };

@@ -27,8 +27,23 @@ public:
         const auto happens = std::exchange(whenEventsRun, {});
         happens();
     }
+    platform::Answer Show(const platform::Message& message) override
+    {
+        if (!takesAnyBox) return ScriptedDesktop::Show(message);
+        taken.push_back(message.lines.at(0));
+        return platform::Answer::Ok;
+    }
+    void PrinterSetup() override
+    {
+        ScriptedDesktop::PrinterSetup();
+        if (whenSetUp) whenSetUp();
+    }
     /// Called once.
     std::function<void()> whenEventsRun;
+    std::function<void()> whenSetUp;
+    /// Boxes whose words are not our own.
+    bool takesAnyBox = false;
+    std::vector<std::string> taken;
 };
 
 /// The worksheet Preview and Print of a file, with a preview of its own for each test.

@@ -1,6 +1,7 @@
 #include "platform/print/PageRecord.h"
 #include "platform/widgets/TabStrip.h"
 #include "session/SessionState.h"
+#include "support/ChildProcess.h"
 #include "worksheets/PreviewTest.h"
 #include "worksheets/Worksheet.h"
 #include "worksheets/frm83Reports.h"
@@ -102,7 +103,7 @@ TEST_F(Reports, EveryCommand_ReadsTheBoxesFirst)
     Press("cmdPreview");
     EXPECT_EQ(ReportRun::nSelected(), 2);
     Tick({3});
-    busy.ExpectFile("Print to PDF File", "");
+    busy.ExpectFile("No Printer: Print to PDF File", "");
     Press("cmdPrint");
     EXPECT_EQ(ReportRun::nSelected(), 1);
     EXPECT_FALSE(ReportRun::bSelected(2));
@@ -204,7 +205,7 @@ TEST_F(Reports, Print_PagesGoToThePrinterAndNoPreviewOpens)
 {
     StartReports();
     const std::string pdf = folder.File("report.pdf");
-    busy.ExpectFile("Print to PDF File", pdf);
+    busy.ExpectFile("No Printer: Print to PDF File", pdf);
     Press("cmdPrint");
     EXPECT_FALSE(Printer().Preview());
     EXPECT_EQ(frmPreview::Loaded(), nullptr);
@@ -216,7 +217,7 @@ TEST_F(Reports, PrintToAPlaceThatCannotBeWritten_IsTold)
     StartReports();
     Tick({3});
     const std::string pdf = folder.File("missing/report.pdf");
-    busy.ExpectFile("Print to PDF File", pdf);
+    busy.ExpectFile("No Printer: Print to PDF File", pdf);
     busy.ExpectText({"The report could not be written to \"" + pdf + "\": No such file or directory."});
     Press("cmdPrint");
     EXPECT_TRUE(Find<QPushButton>("cmdPrint")->isEnabled());
@@ -276,6 +277,68 @@ TEST_F(Reports, SaveThatFails_IsToldAndTheNextOneWorks)
     busy.ExpectFile("Save as RTF File", folder.File("report.rtf"));
     Press("cmdSave");
     EXPECT_TRUE(std::filesystem::exists(folder.File("report.rtf")));
+}
+
+TEST_F(Reports, SaveOnAFullDisk_TheOldFileStaysWholeAndIsTold)
+{
+    StartReports();
+    const std::string rtf = folder.File("report.rtf");
+    support::WriteFile(rtf, "as it was");
+    busy.ExpectFile("Save as RTF File", rtf);
+    busy.ExpectText({"The report could not be written to \"" + rtf + "\": there is no room for all of it."});
+    {
+        const support::FileSizeLimit full(20'000);
+        Press("cmdSave");
+    }
+    EXPECT_EQ(support::ReadFile(rtf), "as it was");
+    busy.ExpectFile("Save as RTF File", rtf);
+    Press("cmdSave");
+    EXPECT_THAT(support::ReadFile(rtf), StartsWith("{\\rtf1"));
+}
+
+TEST_F(Reports, PrintOnAFullDisk_TheOldFileStaysWholeAndIsTold)
+{
+    StartReports();
+    const std::string pdf = folder.File("report.pdf");
+    support::WriteFile(pdf, "as it was");
+    busy.ExpectFile("No Printer: Print to PDF File", pdf);
+    busy.ExpectText({"The report could not be written to \"" + pdf + "\": there is no room for all of it."});
+    {
+        const support::FileSizeLimit full(20'000);
+        Press("cmdPrint");
+    }
+    EXPECT_EQ(support::ReadFile(pdf), "as it was");
+}
+
+// No user's rights are enough to make a file there.
+TEST_F(Reports, SaveInAFolderThatTakesNoFiles_IsTold)
+{
+    StartReports();
+    Tick({3});
+    busy.ExpectFile("Save as RTF File", "/proc/report.rtf");
+    busy.takesAnyBox = true;
+    Press("cmdSave");
+    EXPECT_THAT(busy.taken,
+                ElementsAre(StartsWith("The report could not be written to \"/proc/report.rtf\": ")));
+    EXPECT_TRUE(Find<QPushButton>("cmdSave")->isEnabled());
+}
+
+TEST_F(Reports, SaveOrPrintOverTheOpenDataFile_IsRefusedAndTheFileStays)
+{
+    StartReports();
+    std::filesystem::create_symlink(path, folder.File("link.rtf"));
+    for (const std::string& target : {path, folder.File("link.rtf")}) {
+        const std::vector<std::string> told = {"The report could not be written to \"" + target +
+                                               "\": it is the data file that is open."};
+        busy.ExpectFile("Save as RTF File", target);
+        busy.ExpectText(told);
+        Press("cmdSave");
+        busy.ExpectFile("No Printer: Print to PDF File", target);
+        busy.ExpectText(told);
+        Press("cmdPrint");
+    }
+    EXPECT_THAT(support::ReadFile(path), StartsWith("SQLite format 3"));
+    EXPECT_TRUE(gDatabaseOpen);
 }
 
 TEST_F(Reports, PrinterSetup_AsksTheDesktopAndNothingElse)
@@ -378,27 +441,13 @@ TEST_F(Reports, PreviewCancelled_NoPagesAndNoWindow)
     EXPECT_GT(PageCount(), 3);
 }
 
-/// Takes one box, whatever its words: they are the engine's.
-class OneBox : public support::ScriptedDesktop
-{
-public:
-    platform::Answer Show(const platform::Message&) override
-    {
-        ++count;
-        return platform::Answer::Ok;
-    }
-    int count = 0;
-};
-
 TEST_F(Reports, SectionThatFails_IsToldOnceAndAllWorksAgain)
 {
     StartReports("DROP TABLE Objectives");
     Tick({5});
-    OneBox boxes;
-    platform::SetDesktop(&boxes);
+    busy.takesAnyBox = true;
     Press("cmdPreview");
-    platform::SetDesktop(&busy);
-    EXPECT_EQ(boxes.count, 1);
+    EXPECT_EQ(busy.taken.size(), 1u);
     EXPECT_EQ(PageCount(), 0);
     EXPECT_EQ(frmPreview::Loaded(), nullptr);
     EXPECT_TRUE(Find<QPushButton>("cmdPreview")->isEnabled());

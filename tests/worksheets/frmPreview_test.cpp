@@ -1,10 +1,16 @@
+#include "platform/widgets/Printing.h"
 #include "platform/widgets/Theme.h"
 #include "session/SessionState.h"
 #include "session/a1VEXA.h"
+#include "session/u11Datafile.h"
 #include "worksheets/PreviewTest.h"
 #include "worksheets/frmPreview.h"
 
 #include <QAccessible>
+#include <QPrintDialog>
+#include <QPrinter>
+#include <QScrollBar>
+#include <QTimer>
 #include <QToolButton>
 
 #include <gmock/gmock.h>
@@ -125,6 +131,43 @@ TEST_F(Preview, AnotherFile_ClosesItACancelledDialogDoesNot)
     busy.ExpectFile("Open VEXA Plus file", other);
     Pick("mnuFile", 2);
     EXPECT_EQ(frmPreview::Loaded(), nullptr);
+}
+
+TEST_F(Preview, NewFile_ClosesItACancelledDialogDoesNot)
+{
+    Open();
+    busy.ExpectFile("Create new VEXA Plus file", "");
+    Pick("mnuFile", 1);
+    EXPECT_NE(frmPreview::Loaded(), nullptr);
+    busy.ExpectFile("Create new VEXA Plus file", folder.File("Next.qel"));
+    Pick("mnuFile", 1);
+    EXPECT_EQ(frmPreview::Loaded(), nullptr);
+    EXPECT_EQ(gCurrentTab, "tab11");
+}
+
+TEST_F(Preview, SaveAs_ClosesItACancelledDialogDoesNot)
+{
+    Open();
+    busy.ExpectFile("Save As New VEXA Plus file", "");
+    Pick("mnuFile", 4);
+    EXPECT_NE(frmPreview::Loaded(), nullptr);
+    busy.ExpectFile("Save As New VEXA Plus file", folder.File("Copy.qel"));
+    Pick("mnuFile", 4);
+    EXPECT_EQ(frmPreview::Loaded(), nullptr);
+    EXPECT_EQ(u11Datafile::DatafileName(), "Copy.qel");
+}
+
+// The file behind the pages is another: they are made from what is open now.
+TEST_F(Preview, AfterAnotherFile_TheNextPreviewIsOfThatOne)
+{
+    Open();
+    EXPECT_THAT(Words(), HasSubstr("Smith Creek"));
+    busy.ExpectFile("Open VEXA Plus file", MakeFile({}, "Other.qel"));
+    Pick("mnuFile", 2);
+    GoTo(7, 3);
+    Press("cmdPreview");
+    EXPECT_THAT(Words(), Not(HasSubstr("Smith Creek")));
+    EXPECT_EQ(Text("lblPage"), PageLabel(1));
 }
 
 TEST_F(Preview, MainWindowCloses_ThePreviewGoesWithIt)
@@ -308,6 +351,50 @@ TEST_F(Preview, Save_ThePageOnShowStays)
     EXPECT_EQ(Text("lblPage"), PageLabel(3));
 }
 
+TEST_F(Preview, Save_PlaceZoomWordsAndFocusStay)
+{
+    Open();
+    Pages().SetZoom(1.5);
+    Pages().GoToPage(2);
+    Pages().verticalScrollBar()->setValue(Pages().verticalScrollBar()->value() + 137);
+    InPreview<QLineEdit>("txtFind")->setText(QStringLiteral("fire"));
+    Key(Qt::Key_F3);
+    const int place = Pages().verticalScrollBar()->value();
+    const std::string found = Text("lblFound");
+    const std::string page = Text("lblPage");
+    busy.ExpectFile("Save as RTF File", folder.File("report.rtf"));
+    InPreview<QPushButton>("cmdSave")->setFocus();
+    Key(Qt::Key_Space);
+    EXPECT_EQ(Pages().verticalScrollBar()->value(), place);
+    EXPECT_EQ(Text("lblZoom"), "150 %");
+    EXPECT_EQ(Text("lblFound"), found);
+    EXPECT_EQ(Text("lblPage"), page);
+    EXPECT_TRUE(InPreview<QPushButton>("cmdSave")->hasFocus());
+}
+
+TEST_F(Preview, PaperOfTheSetupIsAnother_ThePagesAreLaidOutAgainInTheirPlace)
+{
+    Open();
+    Pages().GoToPage(3);
+    busy.whenSetUp = [] {
+        QTimer::singleShot(0, [] {
+            auto* dialog = qobject_cast<QPrintDialog*>(QApplication::activeModalWidget());
+            ASSERT_NE(dialog, nullptr);
+            dialog->printer()->setPageSize(QPageSize(QPageSize::A4));
+            dialog->accept();
+        });
+        platform::Printing::SetUp(nullptr);
+    };
+    Pick("mnuFile", 6);
+    EXPECT_EQ(Printer().Pages().pageHeight, 16840.0);
+    EXPECT_EQ(Text("lblPage"), PageLabel(3));
+    Mark();
+    busy.whenSetUp = {};
+    Press("cmdPrinterSetup"); // and with the same paper again nothing is made
+    EXPECT_THAT(NewLines(), Not(Contains(HasSubstr("ProduceS"))));
+    platform::Printing::UseDesktopsPrinter();
+}
+
 TEST_F(Preview, SaveDialogCancelled_NothingChanges)
 {
     Open();
@@ -336,7 +423,7 @@ TEST_F(Preview, PrintReport_PreviewStaysFalseBehindIt)
 {
     Open();
     ASSERT_TRUE(Printer().Preview());
-    busy.ExpectFile("Print to PDF File", folder.File("all.pdf"));
+    busy.ExpectFile("No Printer: Print to PDF File", folder.File("all.pdf"));
     Mark();
     PressInPreview("cmdPrintReport");
     EXPECT_FALSE(Printer().Preview());

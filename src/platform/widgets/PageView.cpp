@@ -61,6 +61,7 @@ void PageView::ShowDocument(const print::Document* document)
     m_painter = document == nullptr ? nullptr : std::make_unique<print::PagePainter>(*document);
     m_frozen = QPixmap();
     m_pictures.clear();
+    m_words.clear();
     m_hits.clear();
     m_hit = 0;
     m_current = 0;
@@ -80,9 +81,25 @@ void PageView::PagesAdded()
 
 void PageView::Freeze()
 {
+    m_frozenAt = AnchorAt({});
+    m_frozenPage = m_current;
     m_frozen = viewport()->grab();
     m_document = nullptr;
     m_painter.reset();
+}
+
+void PageView::ShowAgain(const print::Document* document)
+{
+    const QString words = m_words;
+    const int hit = m_hit;
+    ShowDocument(document);
+    if (PageCount() == 0) return;
+    GoToPage(m_frozenPage);
+    if (m_frozenAt.page < PageCount()) Restore(m_frozenAt);
+    m_words = words;
+    m_hits = FindInPages(*m_document, m_words);
+    m_hit = std::min(hit, HitCount());
+    Q_EMIT HitsChanged();
 }
 
 void PageView::SetSentence(const QString& sentence)
@@ -270,6 +287,7 @@ void PageView::Describe()
 
 void PageView::Find(const QString& words)
 {
+    m_words = words;
     m_hits = m_document == nullptr ? std::vector<PageHit>() : FindInPages(*m_document, words);
     m_hit = 0;
     const auto here = std::find_if(

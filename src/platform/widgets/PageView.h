@@ -35,8 +35,12 @@ public:
     void ShowDocument(const print::Document* document);
     /// The document has more pages than before.
     void PagesAdded();
-    /// While the document is made anew, the view keeps its picture; the next ShowDocument ends that.
+    /// While the document is made anew, the view keeps its picture; the next ShowDocument or ShowAgain ends
+    /// that.
     void Freeze();
+    /// Shows the document made anew in the place that was frozen, with the same words marked; where its page
+    /// is gone, the nearest one.
+    void ShowAgain(const print::Document* document);
     /// What stands where there are no pages.
     void SetSentence(const QString& sentence);
 
@@ -120,11 +124,14 @@ private:
     QCache<int, QPixmap> m_pictures;               // of pages in this scale; cost: pixels
     QString m_sentence;
     QPixmap m_frozen;
+    Anchor m_frozenAt;
+    int m_frozenPage = 0; // that was current
     Fit m_fit = Fit::Width;
     double m_scale = 1.0 / 15.0; // pixels to the twip
     int m_current = 0;
     bool m_goes = false; // the scroll bars are moved to a page that was asked for
 
+    QString m_words; // that are marked
     std::vector<PageHit> m_hits;
     int m_hit = 0;
 };

@@ -172,6 +172,39 @@ TEST_F(PageViewTest, Frozen_KeepsItsPictureWhileTheDocumentIsMadeAnew)
     EXPECT_NE(view.viewport()->grab().toImage(), before);
 }
 
+TEST_F(PageViewTest, MadeAnew_ThePlaceTheZoomAndTheMarksStay)
+{
+    Show(5);
+    view.Find(QStringLiteral("page"));
+    view.SetZoom(1.25);
+    view.GoToPage(3);
+    view.verticalScrollBar()->setValue(Top() + 91);
+    const int top = Top(), hit = view.CurrentHit(), hits = view.HitCount();
+    ASSERT_GT(hits, 0);
+    view.Freeze();
+    report = std::make_unique<Report>(5);
+    view.ShowAgain(&report->Pages());
+    EXPECT_EQ(Top(), top);
+    EXPECT_EQ(view.CurrentPage(), 3);
+    EXPECT_EQ(view.Zoom(), 1.25);
+    EXPECT_EQ(view.CurrentHit(), hit);
+    EXPECT_EQ(view.HitCount(), hits);
+}
+
+TEST_F(PageViewTest, MadeAnewWithFewerPages_TheNearestPage)
+{
+    Show(5);
+    view.GoToPage(5);
+    view.Freeze();
+    report = std::make_unique<Report>(2);
+    view.ShowAgain(&report->Pages());
+    EXPECT_EQ(view.CurrentPage(), 2);
+    view.Freeze();
+    report->Abandon();
+    view.ShowAgain(&report->Pages());
+    EXPECT_EQ(view.CurrentPage(), 0);
+}
+
 // ---- Pages
 
 TEST_F(PageViewTest, PageKeys_TurnPagesAndStopAtTheEnds)

@@ -77,19 +77,19 @@ TEST_F(PrintingTest, NoPrinter_PagesGoToTheFileThatIsAskedFor)
         EXPECT_TRUE(request.asksBeforeReplacing);
         EXPECT_EQ(request.extension, "pdf");
     };
-    desktop.ExpectFile("Print to PDF File", folder.File("out.pdf"));
+    desktop.ExpectFile("No Printer: Print to PDF File", folder.File("out.pdf"));
     Printing::Print(report->Pages(), 0, 2);
     EXPECT_TRUE(support::ReadFile(folder.File("out.pdf")).starts_with("%PDF-"));
     EXPECT_EQ(suggested.find('/'), std::string::npos);
     // The next time that file is suggested again.
-    desktop.ExpectFile("Print to PDF File", "");
+    desktop.ExpectFile("No Printer: Print to PDF File", "");
     Printing::Print(report->Pages(), 0, 2);
     EXPECT_EQ(suggested, folder.File("out.pdf"));
 }
 
 TEST_F(PrintingTest, FileNotGiven_NothingIsWritten)
 {
-    desktop.ExpectFile("Print to PDF File", "");
+    desktop.ExpectFile("No Printer: Print to PDF File", "");
     Printing::Print(MakeReport(1)->Pages(), 0, 0);
 }
 
@@ -103,8 +103,31 @@ TEST_F(PrintingTest, NoPages_NobodyIsAsked)
 
 TEST_F(PrintingTest, FileThatCannotBeWritten_Throws)
 {
-    desktop.ExpectFile("Print to PDF File", folder.File("missing/out.pdf"));
+    desktop.ExpectFile("No Printer: Print to PDF File", folder.File("missing/out.pdf"));
     EXPECT_THROW(Printing::Print(MakeReport(1)->Pages(), 0, 0), platform::print::PrintError);
+}
+
+TEST_F(PrintingTest, FileThatIsTheOpenDataFile_ThrowsAndStays)
+{
+    support::WriteFile(folder.File("Fire.qel"), "data");
+    desktop.ExpectFile("No Printer: Print to PDF File", folder.Path() + "/./Fire.qel");
+    EXPECT_THROW(Printing::Print(MakeReport(1)->Pages(), 0, 0, folder.File("Fire.qel")),
+                 platform::print::PrintError);
+    EXPECT_EQ(support::ReadFile(folder.File("Fire.qel")), "data");
+}
+
+TEST_F(PrintingTest, OnAPrinter_APageThatIsWiderThanHighIsTurned)
+{
+    const auto report = MakeReport(1, 15840.0, 12240.0);
+    QPrinter printer(QPrinter::HighResolution);
+    printer.setOutputFormat(QPrinter::PdfFormat);
+    printer.setOutputFileName(QString::fromStdString(folder.File("wide.pdf")));
+    printer.setPageSize(QPageSize(QPageSize::A4));
+    Printing::DrawOn(printer, report->Pages(), 0, 0);
+    EXPECT_EQ(CountOf(support::ReadFile(folder.File("wide.pdf")),
+                      "/MediaBox \\[0[.0]* 0[.0]* 792[.0]* 612[.0]*\\]"),
+              1);
+    EXPECT_EQ(printer.pageLayout().orientation(), QPageLayout::Landscape);
 }
 
 TEST_F(PrintingTest, SomePages_TheirBookmarksAndNumbersFromOne)
