@@ -4,6 +4,8 @@
 set(CMAKE_CXX_FLAGS_DEV "-O2 -g1")
 # As fast as -O3 here, and what every test ran with; at -O3 the compiler warns of texts longer than memory.
 set(CMAKE_CXX_FLAGS_RELEASE "-O2 -DNDEBUG")
+# What is installed knows its libraries' functions from the start, so that no file can point them elsewhere.
+set(CMAKE_EXE_LINKER_FLAGS_RELEASE "-Wl,-z,relro,-z,now")
 
 add_library(vexa_options INTERFACE)
 target_include_directories(vexa_options INTERFACE ${CMAKE_SOURCE_DIR}/src)
@@ -11,9 +13,9 @@ target_compile_options(vexa_options INTERFACE
     -Wall -Wextra -Wpedantic -Wshadow -Wold-style-cast -Wnon-virtual-dtor
     -Wconversion -Wfloat-conversion -Wdouble-promotion -Werror
     # At -O3 the compiler takes the parts of a joined text for one another.
-    -Wno-restrict
+    $<$<CXX_COMPILER_ID:GNU>:-Wno-restrict>
     # At -O2 it takes the other alternative of a variant for one that was never set.
-    -Wno-maybe-uninitialized
+    $<$<CXX_COMPILER_ID:GNU>:-Wno-maybe-uninitialized>
     # A fused multiply-add is one rounding less than the figures are defined with.
     -ffp-contract=off)
 target_compile_definitions(vexa_options INTERFACE QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_KEYWORDS)

@@ -1,8 +1,8 @@
 # Sourced by the commands of this folder: installs the Debian packages that are missing, naming them.
 
-packages_build="g++ cmake ninja-build ccache mold qt6-base-dev libgl-dev libsqlite3-dev libcli11-dev nlohmann-json3-dev pkg-config libhunspell-dev mdbtools-dev libqpdf-dev"
-packages_run="libqt6gui6 libqt6widgets6 libqt6printsupport6 libmdb3 libqpdf29 fonts-liberation fonts-dejavu-core hunspell-en-us"
-packages_test="libgtest-dev libgmock-dev libbenchmark-dev python3 sqlite3"
+packages_build="g++ cmake ninja-build ccache mold qt6-base-dev qt6-tools-dev libgl-dev libsqlite3-dev libcli11-dev nlohmann-json3-dev pkg-config libhunspell-dev mdbtools-dev libqpdf-dev"
+packages_run="libqt6gui6 libqt6widgets6 libqt6printsupport6 libqt6help6 libqt6sql6-sqlite libmdb3 libqpdf29 fonts-liberation fonts-dejavu-core hunspell-en-us"
+packages_test="libgtest-dev libgmock-dev libbenchmark-dev python3 sqlite3 desktop-file-utils appstream groff-base libglib2.0-bin"
 packages_check="clang-format"
 
 need_packages() {

@@ -17,6 +17,7 @@
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QStandardPaths>
 #include <QTabBar>
 #include <QTimer>
 #include <QToolButton>
@@ -151,6 +152,7 @@ int main(int argc, char** argv)
         return 2;
     }
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+    QStandardPaths::setTestModeEnabled(true); // the pictures' file is no document that a user opened
     int toolkitArguments = 1;
     platform::Application application(toolkitArguments, argv);
     Program program;

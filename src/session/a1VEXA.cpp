@@ -69,6 +69,7 @@ void LoadFromFile()
     Call(Links().InitializeTabs);
     // 1, not the section shown: the check mark falls on a hidden entry until the next change of section.
     Call(Links().SetupIntroduction, Long(1));
+    platform::TheDesktop().NoteRecentFile(u14Properties::Property_Get("FullFileName"));
 }
 
 void ReturnToStart()

@@ -1,5 +1,6 @@
 #include "worksheets/DecisionTreePicture.h"
 
+#include "platform/widgets/AccessibleRoles.h"
 #include "platform/widgets/Theme.h"
 
 #include <QEvent>
@@ -27,6 +28,7 @@ void SetScrollBar(QScrollBar& bar, double whole, int page, int step)
 
 DecisionTreePicture::DecisionTreePicture(QWidget* parent) : QAbstractScrollArea(parent)
 {
+    platform::SetAccessibleRole(*this, QAccessible::Graphic);
     setFocusPolicy(Qt::StrongFocus);
     setFrameStyle(QFrame::Box | QFrame::Plain);
     setLineWidth(kFrame);
@@ -37,14 +39,14 @@ void DecisionTreePicture::ShowTree(const DecisionTreeDrawing& tree)
 {
     m_tree = tree;
     m_sentence.clear();
-    Describe(QString::fromStdString(tree.Words()));
+    platform::SetAccessibleWords(*this, QString::fromStdString(tree.Words()));
 }
 
 void DecisionTreePicture::ShowSentence(const QString& sentence)
 {
     m_tree = {};
     m_sentence = sentence;
-    Describe(sentence);
+    platform::SetAccessibleWords(*this, sentence);
 }
 
 void DecisionTreePicture::Fit(const std::vector<DecisionTreeDrawing>& trees, const QSize& room)
@@ -116,13 +118,6 @@ void DecisionTreePicture::resizeEvent(QResizeEvent*)
 {
     SetScrollBars();
     Q_EMIT FitNeeded();
-}
-
-void DecisionTreePicture::Describe(const QString& words)
-{
-    // The mark by which tests from outside know a control stays at the end.
-    const QString mark = QStringLiteral(" #") + objectName();
-    setAccessibleDescription(accessibleDescription().endsWith(mark) ? words + mark : words);
 }
 
 void DecisionTreePicture::SetScrollBars()

@@ -47,7 +47,6 @@ protected:
     void resizeEvent(QResizeEvent* event) override;
 
 private:
-    void Describe(const QString& words);
     void SetScrollBars();
     QPointF Origin() const;
     void PaintFrame();

@@ -1,14 +1,15 @@
 #include "worksheets/GuidelinesPanel.h"
 
 #include "platform/widgets/FormattedLabel.h"
+#include "platform/widgets/ReadingArea.h"
 #include "platform/widgets/Theme.h"
 #include "worksheets/WorksheetPanes.h"
 
 #include <QPainter>
-#include <QScrollArea>
-#include <QScrollBar>
 #include <QStyle>
 #include <QVBoxLayout>
+
+#include <algorithm>
 
 namespace Theme = platform::Theme;
 
@@ -30,41 +31,40 @@ GuidelinesPanel::GuidelinesPanel(const QString& title, std::string_view markup, 
     column->setContentsMargins(gap, gap, gap, gap);
     column->setSpacing(gap / 2);
     column->addWidget(m_title);
-    column->addWidget(BuildText(markup), 1);
+    m_scroll = BuildText(markup);
+    column->addWidget(m_scroll, 1);
 }
 
 QScrollArea* GuidelinesPanel::BuildText(std::string_view markup)
 {
-    auto* scroll = new QScrollArea(this);
-    scroll->setObjectName(QStringLiteral("scrGuidelines"));
-    scroll->setAccessibleName(m_title->text());
-    scroll->setFrameShape(QFrame::NoFrame);
-    scroll->setWidgetResizable(true);
-    scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    auto* scroll = new platform::ReadingArea(QStringLiteral("scrGuidelines"), m_title->text(), this);
     m_text = new platform::FormattedLabel(scroll);
     m_text->setObjectName(QStringLiteral("FLabel1"));
     m_text->SetMarkup(markup);
     scroll->setWidget(m_text);
-    // The panel's ground shows through.
-    m_text->setAutoFillBackground(false);
-    scroll->viewport()->setAutoFillBackground(false);
-    scroll->setMinimumHeight(kLeastLines * m_text->fontMetrics().lineSpacing());
-    // A stop for the Tab key only where there is something to scroll.
-    scroll->setFocusPolicy(Qt::NoFocus);
-    connect(scroll->verticalScrollBar(), &QScrollBar::rangeChanged, scroll, [scroll](int, int last) {
-        scroll->setFocusPolicy(last > 0 ? Qt::StrongFocus : Qt::NoFocus);
-    });
+    m_text->setAutoFillBackground(false); // the tint shows through
     return scroll;
+}
+
+int GuidelinesPanel::Room() const
+{
+    const QMargins margins = layout()->contentsMargins();
+    return width() - margins.left() - margins.right();
+}
+
+int GuidelinesPanel::TextHeight() const
+{
+    // High enough beside the scroll bar too, or one that was needed would never go away.
+    const int frame = 2 * m_scroll->frameWidth();
+    const int bar = style()->pixelMetric(QStyle::PM_ScrollBarExtent);
+    return m_text->heightForWidth(Room() - frame - bar) + frame;
 }
 
 int GuidelinesPanel::WholeHeight() const
 {
     const QMargins margins = layout()->contentsMargins();
-    const int room = width() - margins.left() - margins.right();
-    // High enough beside the scroll bar too, or one that was needed would never go away.
-    const int narrower = room - style()->pixelMetric(QStyle::PM_ScrollBarExtent);
-    return margins.top() + m_title->heightForWidth(room) + layout()->spacing() +
-           m_text->heightForWidth(narrower) + margins.bottom();
+    return margins.top() + m_title->heightForWidth(Room()) + layout()->spacing() + TextHeight() +
+           margins.bottom();
 }
 
 /// No wider than what it stands below: its text breaks where the column ends.
@@ -73,7 +73,10 @@ QSize GuidelinesPanel::sizeHint() const { return {minimumSizeHint().width(), Who
 void GuidelinesPanel::resizeEvent(QResizeEvent* event)
 {
     QFrame::resizeEvent(event);
+    const int few = kLeastLines * m_text->fontMetrics().lineSpacing() + 2 * m_scroll->frameWidth();
+    m_scroll->setMinimumHeight(std::min(few, TextHeight()));
     setMaximumHeight(WholeHeight());
+    layout()->setGeometry(rect()); // a panel that is not shown yet is not told that it has become smaller
     updateGeometry();
 }
 

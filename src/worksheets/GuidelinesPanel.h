@@ -29,9 +29,13 @@ protected:
 
 private:
     QScrollArea* BuildText(std::string_view markup);
-    /// The height at which nothing scrolls.
+    /// The width between its margins.
+    int Room() const;
+    /// The heights at which nothing scrolls, of the text and of all.
+    int TextHeight() const;
     int WholeHeight() const;
 
     QLabel* m_title = nullptr;
+    QScrollArea* m_scroll = nullptr;
     platform::FormattedLabel* m_text = nullptr;
 };

@@ -1,12 +1,11 @@
 #include "worksheets/ModalForm.h"
 
 #include "platform/base/Desktop.h"
+#include "platform/widgets/HelpKey.h"
 #include "platform/widgets/Theme.h"
 #include "session/u21Display.h"
 #include "session/u91Trace.h"
 #include "worksheets/frm0_VEXA.h"
-
-#include <QKeyEvent>
 
 #include <exception>
 
@@ -26,10 +25,10 @@ u21Display::Box BoxOf(const QRect& place)
 
 } // namespace
 
-ModalForm::ModalForm(const QString& name, int helpContextID, QWidget* parent)
-    : QDialog(parent), m_helpContextID(helpContextID)
+ModalForm::ModalForm(const QString& name, int helpContextID, QWidget* parent) : QDialog(parent)
 {
     setObjectName(name);
+    platform::HelpKey::SetTopic(*this, helpContextID);
     setWindowFlag(Qt::WindowContextHelpButtonHint, false);
 }
 
@@ -82,13 +81,4 @@ bool ModalForm::MayClose()
         message.icon = platform::Icon::Stop;
         return platform::TheDesktop().Show(message) == platform::Answer::Leave;
     }
-}
-
-void ModalForm::keyPressEvent(QKeyEvent* event)
-{
-    if (event->key() == Qt::Key_F1) {
-        MainWindow().ShowHelp(m_helpContextID);
-        return;
-    }
-    QDialog::keyPressEvent(event);
 }

@@ -19,8 +19,6 @@ public:
     /// Writes what the dialog's current objects hold. Throws DatabaseError.
     virtual void SaveChanges() = 0;
 
-    int HelpContextID() const { return m_helpContextID; }
-
     void done(int result) override;
 
 protected:
@@ -35,14 +33,11 @@ protected:
     /// where its controls need it, and on a large main window) and centres it on the main window.
     void BeginSetup(int width, int height);
 
-    void keyPressEvent(QKeyEvent* event) override;
-
 private:
     void Form_Load(int width, int height);
     void CenterOnMain();
     /// False: the save failed and the user stays.
     bool MayClose();
 
-    int m_helpContextID = 0;
     bool m_loaded = false;
 };

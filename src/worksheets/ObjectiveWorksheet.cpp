@@ -3,6 +3,7 @@
 #include "platform/widgets/Application.h"
 #include "platform/widgets/EntryBox.h"
 #include "platform/widgets/Grid.h"
+#include "platform/widgets/RichTextEdit.h"
 #include "platform/widgets/Theme.h"
 #include "session/UIMode.h"
 #include "worksheets/RichBody.h"
@@ -84,7 +85,7 @@ QWidget* ObjectiveWorksheet::BuildDetails()
     const QString description = QStringLiteral("Description");
     auto* caption = new QLabel(description, side);
     m_body = new RichBody(description, platform::RichTextEditor::Parts::Bar, side);
-    caption->setBuddy(m_body);
+    caption->setBuddy(&m_body->Body());
     column->addWidget(caption);
     column->addWidget(m_body, 1);
     return side;

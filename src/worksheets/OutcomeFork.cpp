@@ -90,10 +90,11 @@ void OutcomeFork::PlaceLines()
     const int root = (target + failure) / 2;
     const int first = width() / 3;
     const int second = 2 * width() / 3;
+    const int end = width() - Theme::Pixels(kThickness);
     PlaceBetween(*m_lines[0], {0, root}, {first, root});
     PlaceBetween(*m_lines[1], {first, target}, {first, failure});
-    PlaceBetween(*m_lines[2], {first, target}, {width(), target});
-    PlaceBetween(*m_lines[3], {m_hasFallback ? second : first, extreme}, {width(), extreme});
+    PlaceBetween(*m_lines[2], {first, target}, {end, target});
+    PlaceBetween(*m_lines[3], {m_hasFallback ? second : first, extreme}, {end, extreme});
     if (m_hasFallback) PlaceFallbackLines(fallback, extreme);
 }
 
@@ -105,5 +106,5 @@ void OutcomeFork::PlaceFallbackLines(int fallback, int extreme)
     PlaceBetween(*m_fallbackLines[0], {first, failure}, {second, failure});
     PlaceBetween(*m_fallbackLines[1], {second, fallback}, {second, failure});
     PlaceBetween(*m_fallbackLines[2], {second, failure}, {second, extreme});
-    PlaceBetween(*m_fallbackLines[3], {second, fallback}, {width(), fallback});
+    PlaceBetween(*m_fallbackLines[3], {second, fallback}, {width() - Theme::Pixels(kThickness), fallback});
 }

@@ -140,6 +140,7 @@ void ResourceTypePanel::ConnectHandlers()
 void ResourceTypePanel::Open()
 {
     resize(sizeHint());
+    parentWidget()->resize(parentWidget()->size().expandedTo(size())); // with a large font it is the higher
     const QSize room = parentWidget()->size() - size();
     move(std::min(width() / 2, std::max(0, room.width())),
          std::min(height() / 2, std::max(0, room.height())));

@@ -55,7 +55,6 @@ RichBody::RichBody(const QString& accessibleName, platform::RichTextEditor::Part
     column->setSpacing(platform::Theme::Gap());
     column->addWidget(m_editor, 1);
     column->addWidget(m_cmdSpellcheck, 0, Qt::AlignLeft);
-    setFocusProxy(&Body());
     ConnectHandlers();
 }
 

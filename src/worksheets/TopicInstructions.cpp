@@ -3,7 +3,6 @@
 #include "platform/widgets/QuietLabel.h"
 #include "platform/widgets/Theme.h"
 
-#include <QPainter>
 #include <QScrollBar>
 #include <QVBoxLayout>
 
@@ -13,6 +12,7 @@ namespace Theme = platform::Theme;
 
 namespace {
 
+const QString kCaption = QStringLiteral("Special instructions for this topic:");
 constexpr int kFewestLines = 4;
 constexpr int kShare = 2; // the part of its parent's height that the panel may take
 
@@ -25,21 +25,16 @@ QLabel* Quiet(const char* name, const QString& text, QWidget* parent)
 
 } // namespace
 
-TopicInstructions::TopicInstructions(QWidget* parent) : QScrollArea(parent)
+TopicInstructions::TopicInstructions(QWidget* parent)
+    : ReadingArea(QStringLiteral("pnlInstructions"), kCaption, parent)
 {
-    const QString caption = QStringLiteral("Special instructions for this topic:");
-    setObjectName(QStringLiteral("pnlInstructions"));
-    setAccessibleName(caption);
-    setFrameShape(QFrame::NoFrame);
-    setWidgetResizable(true);
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Preferred);
-    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     auto* page = new QWidget(this);
     auto* column = new QVBoxLayout(page);
     const int gap = Theme::Gap();
     column->setContentsMargins(gap, gap, gap, gap);
     column->setSpacing(gap / 2);
-    column->addWidget(new QLabel(caption, page));
+    column->addWidget(new QLabel(kCaption, page));
     m_lblInstructions = Quiet("lblInstructions", {}, page);
     m_lblNone = Quiet("lblNoInstructions", QStringLiteral("There are none."), page);
     column->addWidget(m_lblInstructions);
@@ -47,11 +42,6 @@ TopicInstructions::TopicInstructions(QWidget* parent) : QScrollArea(parent)
     column->addStretch();
     setWidget(page);
     page->setAutoFillBackground(false); // the tint is the viewport's
-    // A stop for the Tab key only where there is something to scroll.
-    setFocusPolicy(Qt::NoFocus);
-    connect(verticalScrollBar(), &QScrollBar::rangeChanged, this, [this](int, int last) {
-        setFocusPolicy(last > 0 ? Qt::StrongFocus : Qt::NoFocus);
-    });
     SetText({});
 }
 
@@ -66,28 +56,22 @@ void TopicInstructions::SetText(const QString& text)
 
 int TopicInstructions::heightForWidth(int width) const
 {
+    const int frame = 2 * frameWidth();
+    const int bar = verticalScrollBar()->sizeHint().width();
     // High enough beside a scroll bar too, or one that a longer text needed would never go away.
-    const int whole = widget()->layout()->heightForWidth(width - verticalScrollBar()->sizeHint().width());
+    const int whole = frame + widget()->layout()->heightForWidth(width - frame - bar);
     const int room = parentWidget() == nullptr ? whole : parentWidget()->height() / kShare;
     return std::min(whole, std::max(room, minimumSizeHint().height()));
 }
 
 QSize TopicInstructions::sizeHint() const
 {
-    const int width = widget()->sizeHint().width();
+    const int width = widget()->sizeHint().width() + 2 * frameWidth();
     return {width, heightForWidth(width)};
 }
 
 QSize TopicInstructions::minimumSizeHint() const
 {
-    return {widget()->minimumSizeHint().width(), kFewestLines * fontMetrics().lineSpacing()};
-}
-
-bool TopicInstructions::viewportEvent(QEvent* event)
-{
-    if (event->type() == QEvent::Paint) {
-        QPainter painter(viewport());
-        painter.fillRect(viewport()->rect(), Theme::StripGround(palette()));
-    }
-    return QScrollArea::viewportEvent(event);
+    const int frame = 2 * frameWidth();
+    return {widget()->minimumSizeHint().width() + frame, kFewestLines * fontMetrics().lineSpacing() + frame};
 }

@@ -1,12 +1,12 @@
 #pragma once
 
-#include <QScrollArea>
+#include "platform/widgets/ReadingArea.h"
 
 class QLabel;
 
 /// The special instructions of a topic, in a quiet tinted panel: as high as its text, and scrolled where that
 /// would leave too little room for what stands above.
-class TopicInstructions : public QScrollArea
+class TopicInstructions : public platform::ReadingArea
 {
     Q_OBJECT
 
@@ -20,9 +20,6 @@ public:
     int heightForWidth(int width) const override;
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
-
-protected:
-    bool viewportEvent(QEvent* event) override;
 
 private:
     QLabel* m_lblInstructions = nullptr;

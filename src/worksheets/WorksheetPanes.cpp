@@ -1,10 +1,10 @@
 #include "worksheets/WorksheetPanes.h"
 
 #include "platform/widgets/FlowLayout.h"
+#include "platform/widgets/PaneSplitter.h"
 #include "platform/widgets/Theme.h"
 
 #include <QShortcutEvent>
-#include <QSplitter>
 
 namespace Theme = platform::Theme;
 
@@ -34,8 +34,7 @@ protected:
 
 QWidget* SideBySide(QWidget* left, QWidget* right, QWidget* parent)
 {
-    auto* splitter = new QSplitter(Qt::Horizontal, parent);
-    splitter->setChildrenCollapsible(false);
+    auto* splitter = new platform::PaneSplitter(Qt::Horizontal, parent);
     splitter->setHandleWidth(Theme::GroupGap());
     splitter->addWidget(left);
     splitter->addWidget(right);

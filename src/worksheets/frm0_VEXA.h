@@ -77,6 +77,7 @@ private:
     void mnuWorksheet_Click(int number);
     void mnuEdit_Click(int number);
     void mnuHelp_Click(int number);
+    void HelpKey_Press(int topic);
     void ShowAbout();
     int CurrentHelpContextID() const;
     void StepTab(bool section, int step);

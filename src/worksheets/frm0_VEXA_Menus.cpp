@@ -1,12 +1,15 @@
 #include "platform/base/Desktop.h"
+#include "platform/base/HelpTopics.h"
 #include "platform/widgets/Application.h"
 #include "platform/widgets/EditCommands.h"
+#include "platform/widgets/HelpKey.h"
 #include "platform/widgets/TabStrip.h"
 #include "session/SessionState.h"
 #include "session/a1VEXA.h"
 #include "session/u11Datafile.h"
 #include "session/u21Display.h"
 #include "session/u91Trace.h"
+#include "worksheets/ReportScreenRun.h"
 #include "worksheets/Worksheet.h"
 #include "worksheets/WorksheetTable.h"
 #include "worksheets/a3VEXAforms.h"
@@ -39,7 +42,6 @@ enum Entry { CurrentWorksheet = 1, Contents = 2, About = 9 };
 constexpr int kLastSectionEntry = 8;
 constexpr int kLastWorksheetEntry = 6;
 constexpr int kFirstSection = 2;
-constexpr int kHelpContents = 0;
 
 QString EntryName(const QString& menu, int number)
 {
@@ -147,8 +149,8 @@ void frm0_VEXA::BuildShortcuts()
         auto* shortcut = new QShortcut(keys, this);
         connect(shortcut, &QShortcut::activated, this, [act] { platform::Guarded(act); });
     };
-    // The entry's caption names the key, so it is no shortcut of the entry, which would show it twice.
-    bind(Qt::Key_F1, [this] { mnuHelp_Click(Help::CurrentWorksheet); });
+    // The help entry's caption names its key, so it is no shortcut of the entry, which would show it twice.
+    new platform::HelpKey([this](int topic) { HelpKey_Press(topic); }, this);
     bind(Qt::CTRL | Qt::Key_PageDown, [this] { StepTab(false, 1); });
     bind(Qt::CTRL | Qt::Key_PageUp, [this] { StepTab(false, -1); });
     bind(Qt::CTRL | Qt::SHIFT | Qt::Key_PageDown, [this] { StepTab(true, 1); });
@@ -233,7 +235,10 @@ void frm0_VEXA::mnuFile_Click(int number)
     case File::New: a1VEXA::NewFile(); break;
     case File::Open: a1VEXA::OpenFile(); break;
     case File::SaveAs: a1VEXA::SaveFileAs(); break;
-    case File::PrinterSetup: platform::TheDesktop().PrinterSetup(); break;
+    case File::PrinterSetup:
+        platform::TheDesktop().PrinterSetup();
+        FollowPaper();
+        break;
     case File::GoToStandard: a1VEXA::GoToStandard(); break;
     default: break;
     }
@@ -274,9 +279,19 @@ void frm0_VEXA::mnuHelp_Click(int number)
     u91Trace::Trace("mnuHelp_Click " + std::to_string(number));
     switch (number) {
     case Help::CurrentWorksheet: ShowHelp(CurrentHelpContextID()); break;
-    case Help::Contents: ShowHelp(kHelpContents); break;
+    case Help::Contents: ShowHelp(platform::HelpTopics::kContents); break;
     case Help::About: ShowAbout(); break;
     default: break;
+    }
+}
+
+void frm0_VEXA::HelpKey_Press(int topic)
+{
+    if (!menuBar()->isEnabled()) return; // while a report is made
+    if (topic == platform::HelpTopics::kOnScreen) {
+        mnuHelp_Click(Help::CurrentWorksheet);
+    } else {
+        ShowHelp(topic);
     }
 }
 
@@ -285,7 +300,7 @@ void frm0_VEXA::ShowHelp(int topic) { platform::TheDesktop().ShowHelp(m_helpFile
 int frm0_VEXA::CurrentHelpContextID() const
 {
     const Worksheet* form = a3VEXAforms::CurrentWorksheet();
-    return form == nullptr ? kHelpContents : form->HelpContextID();
+    return form == nullptr ? platform::HelpTopics::kStart : form->HelpContextID();
 }
 
 void frm0_VEXA::ShowAbout()

@@ -4,6 +4,7 @@
 #include "platform/base/Desktop.h"
 #include "platform/widgets/Application.h"
 #include "platform/widgets/EntryBox.h"
+#include "platform/widgets/RichTextEdit.h"
 #include "platform/widgets/Theme.h"
 #include "session/UIMode.h"
 #include "session/u91Trace.h"
@@ -132,7 +133,7 @@ QWidget* frm42Alternatives::BuildDetails()
     auto* themeCaption = new QLabel(theme, m_pnlDetails);
     themeCaption->setWordWrap(true);
     m_body = new RichBody(theme, platform::RichTextEditor::Parts::Bar, m_pnlDetails);
-    themeCaption->setBuddy(m_body);
+    themeCaption->setBuddy(&m_body->Body());
 
     auto* boxes = new QHBoxLayout;
     boxes->setSpacing(Theme::Gap());

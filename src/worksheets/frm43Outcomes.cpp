@@ -8,6 +8,7 @@
 #include "platform/widgets/EntryBox.h"
 #include "platform/widgets/Grid.h"
 #include "platform/widgets/QuietLabel.h"
+#include "platform/widgets/RichTextEdit.h"
 #include "platform/widgets/Theme.h"
 #include "session/UIMode.h"
 #include "session/u91Trace.h"
@@ -167,7 +168,7 @@ QWidget* frm43Outcomes::BuildOutcome(QWidget* parent)
     const QString text = QStringLiteral("Describe the outcome");
     auto* caption = new QLabel(text, panel);
     m_body = new RichBody(text, platform::RichTextEditor::Parts::Bar, panel);
-    caption->setBuddy(m_body);
+    caption->setBuddy(&m_body->Body());
     QVBoxLayout* column = WorksheetPanes::Column(panel);
     column->addWidget(caption);
     column->addWidget(m_body, 1);

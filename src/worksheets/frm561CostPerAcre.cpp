@@ -5,6 +5,7 @@
 #include "platform/base/Errors.h"
 #include "platform/base/Texts.h"
 #include "platform/widgets/Application.h"
+#include "platform/widgets/PaneSplitter.h"
 #include "platform/widgets/Theme.h"
 #include "session/UIMode.h"
 #include "session/u91Trace.h"
@@ -17,7 +18,6 @@
 #include "worksheets/WorksheetParts.h"
 
 #include <QLabel>
-#include <QSplitter>
 
 namespace Theme = platform::Theme;
 using platform::Alignment;
@@ -119,8 +119,7 @@ void frm561CostPerAcre::BuildControls()
     QLabel* instruction = WorksheetParts::Instruction(QString::fromUtf8(kInstruction), this);
     instruction->setObjectName(QStringLiteral("Label1_1"));
     column->addWidget(instruction);
-    auto* splitter = new QSplitter(Qt::Horizontal, this);
-    splitter->setChildrenCollapsible(false);
+    auto* splitter = new platform::PaneSplitter(Qt::Horizontal, this);
     splitter->setHandleWidth(Theme::GroupGap());
     splitter->addWidget(BuildOutcomes());
     splitter->addWidget(BuildCosts());

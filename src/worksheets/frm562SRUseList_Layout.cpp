@@ -3,6 +3,7 @@
 #include "platform/widgets/Application.h"
 #include "platform/widgets/Grid.h"
 #include "platform/widgets/ListBox.h"
+#include "platform/widgets/PaneSplitter.h"
 #include "platform/widgets/Theme.h"
 #include "worksheets/EmptyNote.h"
 #include "worksheets/ResourceTypePanel.h"
@@ -12,7 +13,6 @@
 #include "worksheets/frm562SRUseList.h"
 
 #include <QLabel>
-#include <QSplitter>
 #include <QStackedWidget>
 #include <QTabBar>
 
@@ -34,8 +34,7 @@ constexpr int kBelowHeight = 3600;
 
 QSplitter* Splitter(Qt::Orientation orientation, QWidget* parent)
 {
-    auto* splitter = new QSplitter(orientation, parent);
-    splitter->setChildrenCollapsible(false);
+    auto* splitter = new platform::PaneSplitter(orientation, parent);
     splitter->setHandleWidth(Theme::Gap());
     return splitter;
 }
@@ -113,6 +112,7 @@ QWidget* frm562SRUseList::BuildTabs()
     m_tabStrip1->setObjectName(QStringLiteral("TabStrip1"));
     m_tabStrip1->setDrawBase(true);
     m_tabStrip1->setExpanding(false);
+    m_tabStrip1->setUsesScrollButtons(false); // both captions show whole
     m_tabStrip1->addTab(QStringLiteral("Select individual resources"));
     m_tabStrip1->addTab(QStringLiteral("Copy an existing list"));
     m_tabs = new QStackedWidget(pane);

@@ -5,6 +5,7 @@
 #include "platform/base/Texts.h"
 #include "platform/widgets/Application.h"
 #include "platform/widgets/EntryBox.h"
+#include "platform/widgets/PaneSplitter.h"
 #include "platform/widgets/Theme.h"
 #include "session/UIMode.h"
 #include "session/u91Trace.h"
@@ -24,7 +25,6 @@
 #include <QLabel>
 #include <QPlainTextEdit>
 #include <QRadioButton>
-#include <QSplitter>
 
 namespace Theme = platform::Theme;
 using platform::EntryBox;
@@ -104,8 +104,7 @@ void frm56_CostSummary::BuildControls()
     QVBoxLayout* column = WorksheetParts::Column(this);
     column->addWidget(WorksheetParts::Title(accessibleName(), this));
     column->addWidget(WorksheetParts::Instruction(QString::fromUtf8(kInstruction), this));
-    auto* splitter = new QSplitter(Qt::Horizontal, this);
-    splitter->setChildrenCollapsible(false);
+    auto* splitter = new platform::PaneSplitter(Qt::Horizontal, this);
     splitter->setHandleWidth(Theme::GroupGap());
     splitter->addWidget(BuildWork());
     splitter->addWidget(BuildGuidelines());
@@ -117,8 +116,7 @@ void frm56_CostSummary::BuildControls()
 
 QWidget* frm56_CostSummary::BuildWork()
 {
-    auto* splitter = new QSplitter(Qt::Vertical, this);
-    splitter->setChildrenCollapsible(false);
+    auto* splitter = new platform::PaneSplitter(Qt::Vertical, this);
     splitter->setHandleWidth(Theme::GroupGap());
     m_grdOutcomes = new Grid(QStringLiteral("grdOutcomes"), QStringLiteral("Outcomes"), splitter);
     splitter->addWidget(m_grdOutcomes);
@@ -192,6 +190,10 @@ void frm56_CostSummary::ConnectHandlers()
         // Every click, also on the option that is marked: with a cost by day another outcome's mark stays.
         connect(option, &QRadioButton::clicked, this, [this, cost] {
             Guarded([this, cost] { optSource_Click(cost); });
+        });
+        // A screen reader marks it without a click.
+        connect(option, &QRadioButton::toggled, this, [this, cost](bool marked) {
+            if (marked) Guarded([this, cost] { optSource_Click(cost); });
         });
     };
     source(m_optSize, c53Outcome::costSize);

@@ -3,6 +3,7 @@
 #include "model/g51Alternatives.h"
 #include "platform/controls/ListContents.h"
 #include "platform/widgets/Application.h"
+#include "platform/widgets/PaneSplitter.h"
 #include "platform/widgets/Theme.h"
 #include "session/UIMode.h"
 #include "worksheets/AlternativeList.h"
@@ -14,7 +15,6 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QSignalBlocker>
-#include <QSplitter>
 #include <QVBoxLayout>
 
 #include <cstdlib>
@@ -59,8 +59,7 @@ void frm63DecisionTree::BuildControls()
 {
     setWindowTitle(QStringLiteral("Decision Tree"));
     setAccessibleName(windowTitle());
-    m_splitter = new QSplitter(Qt::Vertical);
-    m_splitter->setChildrenCollapsible(false);
+    m_splitter = new platform::PaneSplitter(Qt::Vertical);
     for (const int index : {1, 2}) {
         BuildPanel(At(index), index);
     }

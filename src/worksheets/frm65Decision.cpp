@@ -5,6 +5,7 @@
 #include "platform/widgets/Application.h"
 #include "platform/widgets/ListBox.h"
 #include "platform/widgets/QuietLabel.h"
+#include "platform/widgets/RichTextEdit.h"
 #include "platform/widgets/Theme.h"
 #include "session/UIMode.h"
 #include "session/u91Trace.h"
@@ -107,7 +108,7 @@ bool frm65Decision::eventFilter(QObject* watched, QEvent* event)
            TopicForm::eventFilter(watched, event);
 }
 
-void frm65Decision::TopicShown() { Body().setFocus(); }
+void frm65Decision::TopicShown() { Body().Body().setFocus(); }
 
 // ---- Filling
 

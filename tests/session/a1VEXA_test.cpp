@@ -177,6 +177,28 @@ TEST_F(a1VEXATest, SaveFileAs_RebuildsTheScreensFromTheCopy)
     EXPECT_EQ(Calls(), Texts{"ClosePreview"} + Loaded("Bear Paw"));
 }
 
+TEST_F(a1VEXATest, FilesOpenedMadeAndSaved_AreToldToTheDesktop)
+{
+    const std::string file = MakeFile();
+    a1VEXA::StartWithFile(file);
+    desktop.ExpectFile("Create new VEXA Plus file", folder.File("Made.qel"));
+    a1VEXA::NewFile();
+    desktop.ExpectFile("Save As New VEXA Plus file", folder.File("Copy.qel"));
+    a1VEXA::SaveFileAs();
+    desktop.ExpectFile("Open VEXA Plus file", file);
+    a1VEXA::OpenFile();
+    EXPECT_EQ(desktop.recentFiles, (Texts{file, folder.File("Made.qel"), folder.File("Copy.qel"), file}));
+}
+
+TEST_F(a1VEXATest, FilesThatDoNotOpen_AreNotToldToTheDesktop)
+{
+    desktop.ExpectText(kNotOurs);
+    a1VEXA::StartWithFile(folder.File("missing.qel"));
+    desktop.ExpectFile("Open VEXA Plus file", "");
+    a1VEXA::OpenFile();
+    EXPECT_EQ(desktop.recentFiles, Texts());
+}
+
 TEST_F(a1VEXATest, ClearAllStores_DropsItemsFirstAndSavesNothing)
 {
     OpenNew();

@@ -32,11 +32,13 @@ public:
     void PrinterSetup() override { calls.emplace_back("PrinterSetup"); }
     void ShowHelp(const std::string& helpFile, int topic) override;
     bool StartProgram(const std::string& program, const std::string& argument) override;
+    void NoteRecentFile(const std::string& path) override { recentFiles.push_back(path); }
     int ScreenWidth() override { return screenWidth; }
     int ScreenHeight() override { return screenHeight; }
 
     platform::Pointer pointer = platform::Pointer::Default;
-    std::vector<std::string> calls; // help, programs and printer setup, in order
+    std::vector<std::string> calls;       // help, programs and printer setup, in order
+    std::vector<std::string> recentFiles; // told to the desktop, in order
     bool startsPrograms = true;
     int screenWidth = 28800;
     int screenHeight = 16200;

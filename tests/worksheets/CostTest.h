@@ -92,22 +92,6 @@ protected:
     }
     static void Paste(const char* text);
 
-    void ExpectReport(const std::string& cause)
-    {
-        desktop.ExpectText({"Something went wrong: " + cause + ".",
-                            "You can go on working; what was saved before is safe."});
-    }
-    void ExpectReadOnlyReport() { ExpectReport("attempt to write a readonly database"); }
-    void ExpectStayOrLeave(const std::string& sentence, platform::Answer answer)
-    {
-        platform::Message message;
-        message.lines = {sentence};
-        message.buttons = platform::Buttons::StayLeave;
-        message.preset = platform::Answer::Stay;
-        message.icon = platform::Icon::Stop;
-        desktop.Expect(message, answer);
-    }
-
 private:
     ModalForm* m_dialog = nullptr;
 };

@@ -182,7 +182,7 @@ TEST_F(Menus, F1_OpensTheTopicOfWhatIsOnScreen)
     FocusedTextBox("text");
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_F1);
     const std::string file = "ShowHelp " + folder.File("VEXAPlus.hlp");
-    EXPECT_THAT(desktop.calls, ElementsAre(file + " 0", file + " 4530"));
+    EXPECT_THAT(desktop.calls, ElementsAre(file + " 4010", file + " 4530"));
 }
 
 TEST_F(Menus, EveryWorksheet_HasAHelpTopicOfItsOwn)

@@ -98,14 +98,4 @@ protected:
         return InFile("SELECT ItemName, Heading, ParentKey, ChildIndex FROM Items WHERE ItemKey = " +
                       std::to_string(key));
     }
-    void ExpectReadOnly()
-    {
-        desktop.ExpectText({"Something went wrong: attempt to write a readonly database.",
-                            "You can go on working; what was saved before is safe."});
-    }
-    void ExpectNotLeft()
-    {
-        desktop.ExpectText({"This worksheet could not be saved (attempt to write a readonly database), so it "
-                            "stays on the screen until it can be."});
-    }
 };

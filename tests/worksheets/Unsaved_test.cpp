@@ -17,10 +17,6 @@ using ::testing::HasSubstr;
 
 namespace {
 
-const char* kSentence =
-    "This worksheet could not be saved (attempt to write a readonly database), so it stays on the "
-    "screen until it can be.";
-
 /// The General worksheet with a fire name just typed, on a drive that takes no more writes.
 class Unsaved : public WindowTest
 {
@@ -32,16 +28,6 @@ protected:
         m_form = a3VEXAforms::CurrentWorksheet();
         g0Items::GetItem(g0Items::FireName)->SetBody("Typed");
         ForbidWrites();
-    }
-    void ExpectTold() { desktop.ExpectText({kSentence}); }
-    void ExpectStayOrLeave(platform::Answer answer)
-    {
-        platform::Message message;
-        message.lines = {kSentence};
-        message.buttons = platform::Buttons::StayLeave;
-        message.preset = platform::Answer::Stay;
-        message.icon = platform::Icon::Stop;
-        desktop.Expect(message, answer);
     }
     void ExpectAllStays()
     {
@@ -66,7 +52,7 @@ TEST_F(Unsaved, WorksheetSwitch_IsStoppedBeforeTheUnload)
 {
     StartUnsaved();
     Mark();
-    ExpectTold();
+    ExpectNotLeft();
     ClickTab(Worksheets(), 3);
     ExpectAllStays();
     EXPECT_THAT(
@@ -81,7 +67,7 @@ TEST_F(Unsaved, WorksheetSwitch_IsStoppedBeforeTheUnload)
 TEST_F(Unsaved, SectionSwitch_IsStopped)
 {
     StartUnsaved();
-    ExpectTold();
+    ExpectNotLeft();
     ClickTab(Sections(), 3);
     ExpectAllStays();
 }
@@ -90,7 +76,7 @@ TEST_F(Unsaved, MenuAndKeys_AreStopped)
 {
     StartUnsaved();
     for (int i = 0; i < 3; ++i)
-        ExpectTold();
+        ExpectNotLeft();
     Pick("mnuSection", 4);
     Pick("mnuWorksheet", 3);
     QTest::keyClick(window.get(), Qt::Key_PageUp, Qt::ControlModifier);
@@ -101,7 +87,7 @@ TEST_F(Unsaved, FileCommands_AreStoppedBeforeTheirDialogs)
 {
     StartUnsaved();
     for (const int command : {1, 2, 4, 8}) {
-        ExpectTold();
+        ExpectNotLeft();
         Pick("mnuFile", command);
         ExpectAllStays();
     }
@@ -110,7 +96,7 @@ TEST_F(Unsaved, FileCommands_AreStoppedBeforeTheirDialogs)
 TEST_F(Unsaved, TheDriveIsBack_TheNextLeaveSaves)
 {
     StartUnsaved();
-    ExpectTold();
+    ExpectNotLeft();
     ClickTab(Worksheets(), 3);
     AllowWrites();
     ClickTab(Worksheets(), 3);
@@ -121,7 +107,7 @@ TEST_F(Unsaved, TheDriveIsBack_TheNextLeaveSaves)
 TEST_F(Unsaved, ClosingTheWindowAndStay_WindowAndTextStay)
 {
     StartUnsaved();
-    ExpectStayOrLeave(platform::Answer::Stay);
+    ExpectStayOrLeave(kNotLeft, platform::Answer::Stay);
     EXPECT_FALSE(window->close());
     EXPECT_TRUE(window->isVisible());
     ExpectAllStays();
@@ -133,7 +119,7 @@ TEST_F(Unsaved, ClosingTheWindowAndStay_WindowAndTextStay)
 TEST_F(Unsaved, ClosingTheWindowAndLeave_EndsWithoutSaving)
 {
     StartUnsaved();
-    ExpectStayOrLeave(platform::Answer::Leave);
+    ExpectStayOrLeave(kNotLeft, platform::Answer::Leave);
     EXPECT_TRUE(window->close());
     EXPECT_FALSE(gDatabaseOpen);
     EXPECT_EQ(Lines().back(), "* * * * * Program End * * * * *");
@@ -143,7 +129,7 @@ TEST_F(Unsaved, ClosingTheWindowAndLeave_EndsWithoutSaving)
 TEST_F(Unsaved, ExitEntryAndLeave_AsksOnce)
 {
     StartUnsaved();
-    ExpectStayOrLeave(platform::Answer::Leave);
+    ExpectStayOrLeave(kNotLeft, platform::Answer::Leave);
     Pick("mnuFile", 9);
     EXPECT_FALSE(window->isVisible());
 }
@@ -151,7 +137,7 @@ TEST_F(Unsaved, ExitEntryAndLeave_AsksOnce)
 TEST_F(Unsaved, ExitEntryAndStay_WindowStays)
 {
     StartUnsaved();
-    ExpectStayOrLeave(platform::Answer::Stay);
+    ExpectStayOrLeave(kNotLeft, platform::Answer::Stay);
     Pick("mnuFile", 9);
     EXPECT_TRUE(window->isVisible());
     ExpectAllStays();
@@ -170,7 +156,7 @@ TEST_F(Unsaved, SaveFailsWithinTheSectionsClick_TheSectionStripGoesBack)
         ForbidWrites();
         return goes;
     };
-    ExpectTold();
+    ExpectNotLeft();
     ClickTab(Sections(), 3);
     ExpectAllStays();
 }
@@ -178,14 +164,7 @@ TEST_F(Unsaved, SaveFailsWithinTheSectionsClick_TheSectionStripGoesBack)
 // ---- What nobody handled
 
 class Guard : public WindowTest
-{
-protected:
-    void ExpectReport(const std::string& cause)
-    {
-        desktop.ExpectText({"Something went wrong: " + cause + ".",
-                            "You can go on working; what was saved before is safe."});
-    }
-};
+{};
 
 TEST_F(Guard, ErrorInAnEvent_LoggedToldAndTheSessionGoesOn)
 {

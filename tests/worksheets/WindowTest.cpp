@@ -89,6 +89,41 @@ std::string WindowTest::LabelText(const char* label)
     return found == nullptr ? "no label " + std::string(label) : found->text().toStdString();
 }
 
+std::vector<std::string> WindowTest::LabelTexts()
+{
+    std::vector<std::string> texts;
+    for (const QLabel* label : Shown().findChildren<QLabel*>())
+        texts.push_back(label->text().toStdString());
+    return texts;
+}
+
+void WindowTest::ExpectReport(const std::string& cause)
+{
+    desktop.ExpectText(
+        {"Something went wrong: " + cause + ".", "You can go on working; what was saved before is safe."});
+}
+
+void WindowTest::ExpectDelete(const std::string& what, platform::Answer answer)
+{
+    platform::Message message;
+    message.title = "Delete";
+    message.lines = {"Do you really want to delete " + what};
+    message.buttons = platform::Buttons::YesNo;
+    message.preset = platform::Answer::No;
+    message.icon = platform::Icon::Stop;
+    desktop.Expect(message, answer);
+}
+
+void WindowTest::ExpectStayOrLeave(const std::string& sentence, platform::Answer answer)
+{
+    platform::Message message;
+    message.lines = {sentence};
+    message.buttons = platform::Buttons::StayLeave;
+    message.preset = platform::Answer::Stay;
+    message.icon = platform::Icon::Stop;
+    desktop.Expect(message, answer);
+}
+
 std::vector<std::string> WindowTest::Lines() const
 {
     std::vector<std::string> lines;

@@ -52,6 +52,8 @@ protected:
     /// The title and the text of a label of the worksheet shown.
     std::string Title() { return LabelText("lblTitle"); }
     std::string LabelText(const char* label);
+    /// What all its labels say, in no order.
+    std::vector<std::string> LabelTexts();
 
     /// The log's lines without times, blank lines and resizes.
     std::vector<std::string> Lines() const;
@@ -62,6 +64,18 @@ protected:
     /// As if the drive had gone read-only, and come back: from then on the engine refuses every write.
     void ForbidWrites() { Reopen(platform::Database::Mode::ReadOnly); }
     void AllowWrites() { Reopen(platform::Database::Mode::Exclusive); }
+    static constexpr const char* kReadOnly = "attempt to write a readonly database";
+    /// The sentence of a worksheet that cannot be left with such a drive.
+    static constexpr const char* kNotLeft = "This worksheet could not be saved (attempt to write a readonly "
+                                            "database), so it stays on the screen until it can be.";
+
+    /// The message of a command that failed.
+    void ExpectReport(const std::string& cause = kReadOnly);
+    void ExpectNotLeft() { desktop.ExpectText({kNotLeft}); }
+    /// The question before something is deleted; `what` has the question mark.
+    void ExpectDelete(const std::string& what, platform::Answer answer);
+    /// The question of a close that would lose what cannot be saved.
+    void ExpectStayOrLeave(const std::string& sentence, platform::Answer answer);
 
     std::unique_ptr<frm0_VEXA> window;
 

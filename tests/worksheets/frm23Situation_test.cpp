@@ -87,9 +87,7 @@ TEST_F(Situation, Setup_TracesChecksItsEntryAndEnablesEdit)
 TEST_F(Situation, Words_AreTheGivenOnes)
 {
     ShowSample();
-    std::vector<std::string> words;
-    for (const QLabel* label : Shown().findChildren<QLabel*>())
-        words.push_back(label->text().toStdString());
+    const std::vector<std::string> words = LabelTexts();
     for (const char* word : {"Conditions",
                              "Click on each topic below and fill in narrative on the right.",
                              "Topics",
@@ -360,7 +358,7 @@ TEST_F(Situation, AddFails_ToldNoRowIsLeftAndTheNextTryTakesTheNextKey)
     ShowSample();
     const Long last = g0Items::LastItemKey();
     ForbidWrites();
-    ExpectReadOnly();
+    ExpectReport();
     Press("cmdNewTopic");
     EXPECT_EQ(Topics().ListCount(), 8);
     EXPECT_EQ(HeadingText(), "Fuel Conditions");
@@ -379,7 +377,7 @@ TEST_F(Situation, AddFailsOnUnsavedText_TheTextStaysAndTheNextLeaveSavesIt)
     ShowSample();
     TypeBody(" Typed.");
     ForbidWrites();
-    ExpectReadOnly();
+    ExpectReport();
     Press("cmdNewTopic");
     EXPECT_EQ(Topics().ListIndex(), 0);
     EXPECT_THAT(Body().Text(), EndsWith(" Typed."));
@@ -502,7 +500,7 @@ TEST_F(Situation, SaveFailsOnAnotherTopic_TheTextStaysAndTheNextLeaveSavesIt)
     ShowSample();
     TypeBody(" Typed.");
     ForbidWrites();
-    ExpectReadOnly();
+    ExpectReport();
     ClickRow(4);
     EXPECT_EQ(Topics().ListIndex(), 0);
     EXPECT_THAT(Topics().selectedItems(), ElementsAre(Topics().item(0)));
@@ -524,7 +522,7 @@ TEST_F(Situation, SaveFailsOnAnotherTopicByKey_TheListGoesBack)
     TypeBody(" Typed.");
     ForbidWrites();
     Topics().setFocus();
-    ExpectReadOnly();
+    ExpectReport();
     Key(Qt::Key_Down);
     EXPECT_EQ(Topics().ListIndex(), 0);
     AllowWrites();

@@ -64,11 +64,6 @@ protected:
         QTest::keyClick(&Box(name), key);
         return QApplication::focusWidget()->objectName().toStdString();
     }
-    void ExpectReport(const std::string& cause)
-    {
-        desktop.ExpectText({"Something went wrong: " + cause + ".",
-                            "You can go on working; what was saved before is safe."});
-    }
     std::string InFile(const std::string& column, Long key)
     {
         return Query("SELECT " + column + " FROM Outcomes WHERE ItemKey = " + std::to_string(key))
@@ -113,9 +108,7 @@ TEST_F(OutcomesWorksheet, Setup_FixedTexts)
               "uncertainties involved in predicting fire behavior, a complete analysis will consider more "
               "than one possible outcome.  VEXA Basic supports analysis of a Target outcome for each "
               "alternative as well as an Extreme outcome shared by all alternatives.");
-    std::vector<std::string> labels;
-    for (const QLabel* label : Shown().findChildren<QLabel*>())
-        labels.push_back(label->text().toStdString());
+    const std::vector<std::string> labels = LabelTexts();
     EXPECT_THAT(labels,
                 ::testing::IsSupersetOf({" Final fire size",
                                          " acres",
@@ -383,7 +376,7 @@ TEST_F(OutcomesWorksheet, AnotherRowFails_RowAndTextStay)
     const Long key = Object(1)->ItemKey();
     Type("txtSize", "55");
     ForbidWrites();
-    ExpectReport("attempt to write a readonly database");
+    ExpectReport();
     ClickRow(4);
     QCoreApplication::processEvents();
     EXPECT_EQ(Rows().Row(), 1);
@@ -400,8 +393,7 @@ TEST_F(OutcomesWorksheet, LeavingFails_TheTextStaysAndTheNextLeaveSaves)
     const Long key = Object(1)->ItemKey();
     Type("txtSize", "55");
     ForbidWrites();
-    desktop.ExpectText({"This worksheet could not be saved (attempt to write a readonly database), so it "
-                        "stays on the screen until it can be."});
+    ExpectNotLeft();
     ClickTab(Worksheets(), 1);
     EXPECT_EQ(gCurrentTab, "tab43");
     EXPECT_EQ(Text("txtSize"), "55");

@@ -111,9 +111,7 @@ TEST_F(ProbabilitiesWorksheet, Setup_TheFirstAlternative)
 TEST_F(ProbabilitiesWorksheet, Setup_FixedTexts)
 {
     ShowB();
-    std::vector<std::string> labels;
-    for (const QLabel* label : Shown().findChildren<QLabel*>())
-        labels.push_back(label->text().toStdString());
+    const std::vector<std::string> labels = LabelTexts();
     for (const char* text : {"Alternative to describe:",
                              "Strategy Name",
                              "Target Outcome",
@@ -439,8 +437,7 @@ TEST_F(ProbabilitiesWorksheet, AnotherAlternativeFails_RowAndTextStay)
     const Long key = Outcome(1)->ItemKey();
     Type(1, "33");
     ForbidWrites();
-    desktop.ExpectText({"Something went wrong: attempt to write a readonly database.",
-                        "You can go on working; what was saved before is safe."});
+    ExpectReport();
     Alternatives().SetListIndex(2);
     QCoreApplication::processEvents();
     EXPECT_EQ(Alternatives().ListIndex(), 0);
@@ -457,8 +454,7 @@ TEST_F(ProbabilitiesWorksheet, LeavingFails_TheTextStaysAndTheNextLeaveSaves)
     const Long key = Outcome(1)->ItemKey();
     Type(1, "33");
     ForbidWrites();
-    desktop.ExpectText({"This worksheet could not be saved (attempt to write a readonly database), so it "
-                        "stays on the screen until it can be."});
+    ExpectNotLeft();
     ClickTab(Worksheets(), 2);
     EXPECT_EQ(gCurrentTab, "tab44");
     EXPECT_EQ(SuccessText(1), "33");

@@ -24,7 +24,6 @@ namespace {
 
 constexpr Long kScore = 3;
 constexpr Long kBar = 4;
-constexpr const char* kReadOnly = "attempt to write a readonly database";
 // The sample's rows: Target of A, Target and Fallback of B, Target of C, the Extreme outcome.
 constexpr Long kRowA = 1;
 constexpr Long kRowB = 2;
@@ -59,11 +58,6 @@ protected:
         QTest::keyClicks(&Reasons(), QString::fromUtf8(text));
     }
     void Leave() { ClickTab(Worksheets(), 1); }
-    void ExpectTold()
-    {
-        desktop.ExpectText({std::string("Something went wrong: ") + kReadOnly + ".",
-                            "You can go on working; what was saved before is safe."});
-    }
     support::Rows InFile(Long outcome, Long criterion)
     {
         return Query("SELECT Value, Description FROM Scores WHERE OutcomeKey = " + std::to_string(outcome) +
@@ -86,9 +80,7 @@ TEST_F(SafetyRatings, Setup_TracesKeyAndEntry)
 TEST_F(SafetyRatings, Setup_FixedTexts)
 {
     ShowSample();
-    QStringList texts;
-    for (const QLabel* label : Shown().findChildren<QLabel*>())
-        texts << label->text();
+    const std::vector<std::string> texts = LabelTexts();
     for (const char* text :
          {"Safety Issues",
           "Select each issue in turn",
@@ -98,7 +90,7 @@ TEST_F(SafetyRatings, Setup_FixedTexts)
           "Use the box below to document the rating assigned to each outcome.  Describe specific safety "
           "concerns for each outcome.  Appropriate mitigation measures may also be noted.  Select each "
           "outcome by clicking on it in the list above."})
-        EXPECT_TRUE(texts.contains(QString::fromUtf8(text))) << text;
+        EXPECT_THAT(texts, Contains(text));
 }
 
 TEST_F(SafetyRatings, Setup_ListsRootAndIssuesAndChoosesTheFirstIssue)
@@ -243,7 +235,7 @@ TEST_F(SafetyRatings, Issue_UnsavedTypingStaysWithItsIssue)
     ShowSample();
     Write("Unsaved.");
     ForbidWrites();
-    ExpectTold();
+    ExpectReport();
     ClickIssue(2);
     EXPECT_EQ(List().ListIndex(), 1);
     EXPECT_TRUE(List().item(1)->isSelected());
@@ -380,7 +372,7 @@ TEST_F(SafetyRatings, WritesForbidden_ToldOnceAndSavedLater)
     ShowSample();
     Hands().Type(kRowA, kScore, "1.5");
     ForbidWrites();
-    ExpectTold();
+    ExpectReport();
     Hands().Click(kRowB, 1);
     Hands().Click(kRowExtreme, 1);
     EXPECT_EQ(Score(kRowA), "1.5");

@@ -30,7 +30,6 @@ namespace {
 
 constexpr Long kScore = 3;
 constexpr Long kBar = 4;
-constexpr const char* kReadOnly = "attempt to write a readonly database";
 // The sample's rows: Target of A, Target and Fallback of B, Target of C, the Extreme outcome.
 constexpr Long kRowA = 1;
 constexpr Long kRowB = 2;
@@ -60,16 +59,6 @@ protected:
     std::string Score(Long row) { return Hands().Text(row, kScore); }
     std::string Bar(Long row) { return Hands().BarSays(row, kBar); }
     void Leave() { ClickTab(Worksheets(), 1); }
-    void ExpectTold()
-    {
-        desktop.ExpectText({std::string("Something went wrong: ") + kReadOnly + ".",
-                            "You can go on working; what was saved before is safe."});
-    }
-    void ExpectCannotLeave()
-    {
-        desktop.ExpectText({std::string("This worksheet could not be saved (") + kReadOnly +
-                            "), so it stays on the screen until it can be."});
-    }
     /// What the file has for an outcome and a criterion.
     support::Rows InFile(Long outcome, Long criterion)
     {
@@ -110,14 +99,12 @@ TEST_F(Ratings, Setup_EditMenuIsDisabled)
 TEST_F(Ratings, Setup_FixedTexts)
 {
     ShowSample();
-    QStringList texts;
-    for (const QLabel* label : Shown().findChildren<QLabel*>())
-        texts << label->text();
+    const std::vector<std::string> texts = LabelTexts();
     for (const char* text : {" Objectives",
                              "Select each objective in turn",
                              "Rate how well each outcome satisfies the objective",
                              "Rating for objective:"})
-        EXPECT_TRUE(texts.contains(QString::fromUtf8(text))) << text;
+        EXPECT_THAT(texts, Contains(text));
 }
 
 TEST_F(Ratings, Setup_ListsTheCategoriesAndChoosesTheFirst)
@@ -318,8 +305,8 @@ TEST_F(Ratings, ChoosingACriterion_UnsavedTypingStaysWithItsCriterion)
     ShowSample();
     Hands().Type(kRowB, kScore, "2");
     ForbidWrites();
-    ExpectTold(); // leaving the cell
-    ExpectTold(); // choosing another criterion
+    ExpectReport(); // leaving the cell
+    ExpectReport(); // choosing another criterion
     QTest::mouseClick(List().viewport(), Qt::LeftButton, {}, List().visualItemRect(List().item(1)).center());
     QCoreApplication::processEvents();
     EXPECT_EQ(List().ListIndex(), 0);
@@ -686,12 +673,12 @@ TEST_F(Ratings, WritesForbidden_ToldOnceTypedTextStaysAndIsSavedLater)
     ShowSample();
     Hands().Type(kRowA, kScore, "8.5");
     ForbidWrites();
-    ExpectTold();
+    ExpectReport();
     GridHands::Key(Qt::Key_Return); // ends the edit and leads to the next row
     EXPECT_EQ(Score(kRowA), "8.5");
     Hands().Click(kRowFallback, 1);
     Hands().Click(kRowExtreme, 1);
-    ExpectCannotLeave();
+    ExpectNotLeft();
     Leave();
     EXPECT_EQ(gCurrentTab, "tab53");
     EXPECT_EQ(Score(kRowA), "8.5");
@@ -706,7 +693,7 @@ TEST_F(Ratings, WritesForbidden_WhatIsTypedInTheNextRowStaysThere)
     ShowSample();
     Hands().Type(kRowA, kScore, "8.5");
     ForbidWrites();
-    ExpectTold();
+    ExpectReport();
     Hands().Click(kRowB, kScore);
     Hands().TypeOver("1");
     AllowWrites();
@@ -720,7 +707,7 @@ TEST_F(Ratings, WritesForbidden_LeavingWithTheCellOpenTellsOnce)
     ShowSample();
     Hands().Type(kRowA, kScore, "8.5");
     ForbidWrites();
-    ExpectCannotLeave();
+    ExpectNotLeft();
     Pick("mnuWorksheet", 1);
     EXPECT_EQ(gCurrentTab, "tab53");
     AllowWrites();

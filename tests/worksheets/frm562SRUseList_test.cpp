@@ -309,7 +309,7 @@ TEST_F(ResourceList, NewLineFails_ToldAndNoLineIsShown)
     ShowCosts(kThreeLines);
     InResources([this] {
         ForbidWrites();
-        ExpectReadOnlyReport();
+        ExpectReport();
         PickType(0);
         EXPECT_EQ(Lines().Rows(), 4);
         AllowWrites();
@@ -546,7 +546,7 @@ TEST_F(ResourceList, MoveThatCannotBeSaved_ToldAndTheLinesStandAsTheyStood)
     InResources([this] {
         Hands().Type(3, Position, "1");
         ForbidWrites();
-        ExpectReadOnlyReport();
+        ExpectReport();
         GridHands::Key(Qt::Key_Return);
         QCoreApplication::processEvents();
         EXPECT_THAT(Keys(), ElementsAre("11", "12", "13"));
@@ -647,7 +647,7 @@ TEST_F(ResourceList, DeleteFails_ToldAndTheLineStays)
     InResources([this] {
         Hands().Click(2, Name);
         ForbidWrites();
-        ExpectReadOnlyReport();
+        ExpectReport();
         Click("cmdDelete");
         EXPECT_THAT(Keys(), ElementsAre("11", "12", "13"));
         AllowWrites();
@@ -680,7 +680,7 @@ TEST_F(ResourceList, SaveFailsAtAnotherOutcome_ToldOnceAndTheOutcomeComesBackWit
     InResources([this] {
         Hands().Type(1, Qty, "9");
         ForbidWrites();
-        ExpectReadOnlyReport();
+        ExpectReport();
         PickOutcome(BTarget);
         QCoreApplication::processEvents();
         EXPECT_EQ(Outcomes().Row(), ATarget);
@@ -698,7 +698,7 @@ TEST_F(ResourceList, SaveFailsAtAnotherLine_ToldOnceAndTheLineComesBackWithWhatW
     InResources([this] {
         Hands().Type(1, Qty, "9");
         ForbidWrites();
-        ExpectReadOnlyReport();
+        ExpectReport();
         Hands().Click(3, Name);
         QCoreApplication::processEvents();
         EXPECT_EQ(Lines().Row(), 1);
@@ -787,7 +787,7 @@ TEST_F(ResourceList, CopyFails_ToldAndTheListIsAsInTheFile)
         ShowTab(1);
         GridHands(Lists()).Click(1, 0);
         ForbidWrites();
-        ExpectReadOnlyReport();
+        ExpectReport();
         Click("cmdCopy");
         EXPECT_EQ(Lines().Rows(), 1);
         AllowWrites();
@@ -975,7 +975,7 @@ TEST_F(ResourceList, NewItemFails_ToldAndThePanelKeepsItsTexts)
             TypeInto(In<QWidget>(box), "x");
         TypeInto(In<QWidget>("txtCost"), "5");
         ForbidWrites();
-        ExpectReadOnlyReport();
+        ExpectReport();
         Click("cmdOK");
         EXPECT_TRUE(In<QWidget>("pnlAdd").isVisible());
         EXPECT_EQ(Master().ListCount(), 2);
@@ -1018,7 +1018,7 @@ TEST_F(ResourceList, SaveFailsAtTheClose_StayKeepsTheLine)
     InResources([this] {
         Hands().Type(1, Qty, "8");
         ForbidWrites();
-        ExpectReadOnlyReport(); // as the edit ends
+        ExpectReport(); // as the edit ends
         ExpectStayOrLeave(
             "This line could not be saved (attempt to write a readonly database), so it stays on the "
             "screen until it can be.",
@@ -1037,7 +1037,7 @@ TEST_F(ResourceList, SaveFailsAtTheClose_LeaveGivesTheLineUp)
     InResources([this] {
         Hands().Type(1, Qty, "8");
         ForbidWrites();
-        ExpectReadOnlyReport();
+        ExpectReport();
         ExpectStayOrLeave(
             "This line could not be saved (attempt to write a readonly database), so it stays on the "
             "screen until it can be.",

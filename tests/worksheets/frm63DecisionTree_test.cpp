@@ -58,16 +58,7 @@ protected:
         QTest::keyClick(&widget, key);
         QCoreApplication::processEvents();
     }
-    /// What the guard says of a missing row.
-    void ExpectFailureBox(const std::string& cause)
-    {
-        desktop.ExpectText({"Something went wrong: " + cause + ".",
-                            "You can go on working; what was saved before is safe."});
-    }
-    void ExpectExtremeFailure()
-    {
-        ExpectFailureBox("No outcome 1 of alternative 0: There is no row to move to");
-    }
+    void ExpectExtremeFailure() { ExpectReport("No outcome 1 of alternative 0: There is no row to move to"); }
 
 private:
     static std::string Name(const std::string& control, int index) { return control + std::to_string(index); }
@@ -178,7 +169,7 @@ TEST_F(DecisionTreeWorksheet, OneBadAlternative_TheOtherIsDrawn)
 {
     const std::string ofA = "(SELECT ItemKey FROM Items WHERE ParentKey = 26 AND ItemName = 'A')";
     // A Success no complement of which fits.
-    ExpectFailureBox("Overflow: 32-bit difference");
+    ExpectReport("Overflow: 32-bit difference");
     ShowSample("UPDATE Outcomes SET Success = -2147483648 WHERE ChildIndex = 1 AND ParentKey = " + ofA);
     EXPECT_EQ(Description(1), kCannotBeDrawn);
     EXPECT_THAT(Description(2), StartsWith("B. Confine on"));

@@ -116,9 +116,7 @@ TEST_F(Decision, Setup_SelectedAlternativeAndTheFirstTopic)
 TEST_F(Decision, Words_AreTheGivenOnes)
 {
     ShowSample();
-    std::vector<std::string> words;
-    for (const QLabel* label : Shown().findChildren<QLabel*>())
-        words.push_back(label->text().toStdString());
+    const std::vector<std::string> words = LabelTexts();
     // "inlude" stands as it is.
     for (const char* word :
          {"1. Select an Alternative",
@@ -418,7 +416,7 @@ TEST_F(Decision, ChoiceCannotBeSaved_TheComboGoesBackAndTheTextStays)
     ShowSample(kShortTexts);
     TypeBody(" Typed.");
     ForbidWrites();
-    ExpectReadOnly();
+    ExpectReport();
     Choose(Qt::Key_Up);
     EXPECT_EQ(Chosen(), kB);
     EXPECT_EQ(Combo().toolTip().toStdString(), kB);
@@ -435,7 +433,7 @@ TEST_F(Decision, ChoiceOnAReadOnlyDrive_TheComboGoesBack)
     ShowSample(kShortTexts);
     const std::string before = Body().Text();
     ForbidWrites();
-    ExpectReadOnly();
+    ExpectReport();
     Choose(Qt::Key_Up);
     EXPECT_EQ(Chosen(), kB);
     EXPECT_EQ(Body().Text(), before);
@@ -446,12 +444,10 @@ TEST_F(Decision, ChoiceOnAReadOnlyDrive_TheComboGoesBack)
 
 TEST_F(Decision, OutcomeRowMissing_ToldAndTheNarrativeStays)
 {
-    desktop.ExpectText({"Something went wrong: No outcome 2 of alternative 297: There is no row to move to.",
-                        "You can go on working; what was saved before is safe."});
+    ExpectReport("No outcome 2 of alternative 297: There is no row to move to");
     ShowSample(std::string(kShortTexts) + "DELETE FROM Outcomes WHERE ParentKey = 297 AND ChildIndex = 2");
     const std::string before = Body().Text();
-    desktop.ExpectText({"Something went wrong: No outcome 2 of alternative 297: There is no row to move to.",
-                        "You can go on working; what was saved before is safe."});
+    ExpectReport("No outcome 2 of alternative 297: There is no row to move to");
     Choose(Qt::Key_Up);
     EXPECT_EQ(Body().Text(), before);
     EXPECT_EQ(Chosen(), "A. Full perimeter control"); // it is the selected one by now
@@ -460,8 +456,7 @@ TEST_F(Decision, OutcomeRowMissing_ToldAndTheNarrativeStays)
 
 TEST_F(Decision, CostCannotBeComputed_ToldAndTheRestWorks)
 {
-    desktop.ExpectText({"Something went wrong: No outcome 1 of alternative 0: There is no row to move to.",
-                        "You can go on working; what was saved before is safe."});
+    ExpectReport("No outcome 1 of alternative 0: There is no row to move to");
     ShowSample("DELETE FROM Outcomes WHERE ParentKey = 0");
     EXPECT_EQ(LabelText("lblLeastCost"), "");
     EXPECT_EQ(Chosen(), kB);

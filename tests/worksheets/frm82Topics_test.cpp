@@ -76,9 +76,7 @@ TEST_F(SummaryTopics, Setup_TracesChecksItsEntryAndEnablesEdit)
 TEST_F(SummaryTopics, Words_AreTheGivenOnes)
 {
     ShowSample();
-    std::vector<std::string> words;
-    for (const QLabel* label : Shown().findChildren<QLabel*>())
-        words.push_back(label->text().toStdString());
+    const std::vector<std::string> words = LabelTexts();
     for (const char* word : {"Topics",
                              "Click on each topic name below and fill in a narrative on the right.  Add "
                              "additional topics as needed.",
@@ -233,7 +231,7 @@ TEST_F(SummaryTopics, AddFails_ToldNoRowIsLeftAndTheNextTryTakesTheNextKey)
     const Long last = g0Items::LastItemKey();
     TypeBody(" Typed.");
     ForbidWrites();
-    ExpectReadOnly();
+    ExpectReport();
     Press("cmdNewTopic");
     EXPECT_EQ(Topics().ListCount(), 6);
     EXPECT_EQ(Topics().ListIndex(), 0);

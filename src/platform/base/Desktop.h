@@ -56,6 +56,9 @@ public:
     virtual void ShowHelp(const std::string& helpFile, int topic) = 0;
     /// Starts another program with one argument (none when it is empty); false when it cannot be started.
     virtual bool StartProgram(const std::string& program, const std::string& argument) = 0;
+    /// Tells a data file that is now shown to the desktop's list of recent documents, where it keeps one.
+    /// Never throws and never asks: no file fails to open on its account.
+    virtual void NoteRecentFile(const std::string& /*path*/) {}
     /// The screen in twips.
     virtual int ScreenWidth() = 0;
     virtual int ScreenHeight() = 0;

@@ -1,5 +1,7 @@
 #include "platform/base/ProgramFolder.h"
 
+#include "platform/base/Files.h"
+
 #include <cstdlib>
 #include <filesystem>
 #include <system_error>
@@ -11,6 +13,7 @@ namespace fs = std::filesystem;
 namespace {
 
 constexpr const char* kTemplate = "QEL.new";
+constexpr const char* kHelp = "VEXAPlus.hlp";
 
 std::string& Settled()
 {
@@ -46,6 +49,16 @@ void Fill(const fs::path& folder, const fs::path& share)
     fs::copy(share, folder, fs::copy_options::recursive | fs::copy_options::skip_existing, error);
 }
 
+/// The help is the program's, not the user's: after an update the new one takes the place of the copy.
+void RefreshHelp(const fs::path& folder, const fs::path& share)
+{
+    std::error_code error; // of a file that is not there, which is the oldest
+    const auto installed = fs::last_write_time(share / kHelp, error);
+    if (installed > fs::last_write_time(folder / kHelp, error)) {
+        CopyWhole((share / kHelp).string(), (folder / kHelp).string());
+    }
+}
+
 fs::path Find()
 {
     if (const std::string home = Environment("VEXA_HOME"); !home.empty()) {
@@ -57,9 +70,11 @@ fs::path Find()
         return executable;
     }
     const fs::path user = UserFolder();
+    const fs::path share = executable.parent_path() / "share/vexa";
     if (!fs::exists(user / kTemplate, error)) {
-        Fill(user, executable.parent_path() / "share/vexa");
+        Fill(user, share);
     }
+    RefreshHelp(user, share);
     return user;
 }
 

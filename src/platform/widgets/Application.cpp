@@ -1,11 +1,15 @@
 #include "platform/widgets/Application.h"
 
 #include "platform/base/Desktop.h"
+#include "platform/widgets/AccessibleRoles.h"
 #include "platform/widgets/IdFilter.h"
 #include "platform/widgets/Theme.h"
 
 #include <QFocusEvent>
+#include <QIcon>
+#include <QLocale>
 
+#include <clocale>
 #include <exception>
 #include <utility>
 
@@ -72,9 +76,27 @@ void Guarded(const std::function<void()>& handler)
     }
 }
 
+namespace {
+
+/// The words are English and the figures have a point, whatever the language of the desktop: they are read
+/// from the left, and no dialog of the toolkit writes them otherwise.
+void SpeakOneLanguage()
+{
+    std::setlocale(LC_NUMERIC, "C");
+    QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedStates));
+    QGuiApplication::setLayoutDirection(Qt::LeftToRight);
+}
+
+} // namespace
+
 Application::Application(int& argc, char** argv) : QApplication(argc, argv)
 {
+    // The desktop entry of the windows, and the icon installed with it.
+    setDesktopFileName(QStringLiteral("vexa"));
+    setWindowIcon(QIcon::fromTheme(QStringLiteral("vexa")));
+    SpeakOneLanguage();
     Theme::Apply();
+    InstallAccessibleRoles();
     InstallIdFilter(*this);
 }
 

@@ -146,6 +146,21 @@ void Grid::currentChanged(const QModelIndex& current, const QModelIndex& previou
     if (!m_puttingCurrent && current.isValid()) MoveTo(m_model->RowOf(current), current.column());
 }
 
+/// A screen reader selects a cell and leaves the current one as it was. Later, since the toolkit selects
+/// ahead of every move of the current cell.
+void Grid::selectionChanged(const QItemSelection& selected, const QItemSelection& deselected)
+{
+    QTableView::selectionChanged(selected, deselected);
+    if (m_puttingCurrent || selected.isEmpty()) return;
+    QMetaObject::invokeMethod(
+        this,
+        [this] {
+            const QModelIndexList cells = selectedIndexes();
+            if (cells.size() == 1 && cells.first() != currentIndex()) setCurrentIndex(cells.first());
+        },
+        Qt::QueuedConnection);
+}
+
 void Grid::Fill(const std::function<void(GridContents&)>& change)
 {
     DropEdit();

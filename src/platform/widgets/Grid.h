@@ -23,6 +23,8 @@ struct GridBlock;
 /// The order of events: leaving a cell ends its edit (AfterEdit), then LeaveCell, then EnterCell of the new
 /// one. A press raises EnterCell of its cell, then MouseDown. Moving the current cell in code raises the
 /// same. While the program is busy no editor opens; the events are raised all the same.
+///
+/// Tab leads through the cells that can be edited and then on; Ctrl+Tab leads on at once.
 class Grid : public QTableView
 {
     Q_OBJECT
@@ -129,6 +131,7 @@ Q_SIGNALS:
 
 protected:
     void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
+    void selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) override;
     bool event(QEvent* event) override;
     void changeEvent(QEvent* event) override;
     void hideEvent(QHideEvent* event) override;
@@ -199,6 +202,7 @@ private:
     bool MoveToEditable(bool forward);
     bool HasEditable() const;
     void LeaveByTab(bool forward);
+    bool LeaveByKey(int key);
 
     // GridMouse.cpp
     Spot SpotAt(const QPoint& point) const;
@@ -218,6 +222,7 @@ private:
     int WidthOfLongestEntry(int characters) const;
     int WrapWidth(Long column) const;
     void PaintEmptyText();
+    void PaintCurrent();
 
     GridModel* m_model = nullptr;
     GridHeader* m_header = nullptr;

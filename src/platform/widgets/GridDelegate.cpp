@@ -100,9 +100,10 @@ void GridDelegate::paint(QPainter* painter,
     const GridModel::Cell& cell = m_model.CellAt(m_model.RowOf(index), index.column());
     const bool current =
         m_model.RowOf(index) == m_grid.Row() && m_grid.rowSpan(index.row(), index.column()) == 1;
-    painter->fillRect(option.rect, GridLooks::Ground(option.palette, cell.back, current));
+    const QColor ground = GridLooks::Ground(option.palette, cell.back, current);
+    painter->fillRect(option.rect, ground);
     if (cell.bar >= 0.0) PaintBar(*painter, option, index);
-    if (!cell.shown.isEmpty()) PaintText(*painter, option, index);
+    if (!cell.shown.isEmpty()) PaintText(*painter, option, index, ground);
     painter->setPen(GridLooks::Line(option.palette));
     painter->drawLine(option.rect.topRight(), option.rect.bottomRight());
     painter->drawLine(option.rect.bottomLeft(), option.rect.bottomRight());
@@ -110,12 +111,13 @@ void GridDelegate::paint(QPainter* painter,
 
 void GridDelegate::PaintText(QPainter& painter,
                              const QStyleOptionViewItem& option,
-                             const QModelIndex& index) const
+                             const QModelIndex& index,
+                             const QColor& ground) const
 {
     const GridModel::Cell& cell = m_model.CellAt(m_model.RowOf(index), index.column());
     const auto alignment = Qt::Alignment(index.data(Qt::TextAlignmentRole).toInt());
     const QRect inner = option.rect.adjusted(Padding(), 0, -Padding() - 1, -1);
-    painter.setPen(TextColor(option, GridLooks::Ground(option.palette, cell.back, false)));
+    painter.setPen(TextColor(option, ground));
     painter.setFont(option.font);
     if (cell.wraps) {
         painter.drawText(QRectF(inner), cell.shown, Lines(alignment));

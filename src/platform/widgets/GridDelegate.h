@@ -29,7 +29,10 @@ public:
     static int BarWidth(const QFontMetrics& metrics, const GridModel::Column& column);
 
 private:
-    void PaintText(QPainter& painter, const QStyleOptionViewItem& option, const QModelIndex& index) const;
+    void PaintText(QPainter& painter,
+                   const QStyleOptionViewItem& option,
+                   const QModelIndex& index,
+                   const QColor& ground) const;
     void PaintBar(QPainter& painter, const QStyleOptionViewItem& option, const QModelIndex& index) const;
 
     const GridModel& m_model;

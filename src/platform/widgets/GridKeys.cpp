@@ -34,10 +34,20 @@ bool Grid::event(QEvent* event)
 {
     if (event->type() == QEvent::KeyPress) {
         const auto* key = static_cast<QKeyEvent*>(event);
+        if (key->modifiers().testFlag(Qt::ControlModifier) && LeaveByKey(key->key())) return true;
         const bool forward = key->key() == Qt::Key_Tab && key->modifiers() == Qt::NoModifier;
         if ((forward || key->key() == Qt::Key_Backtab) && MoveToEditable(forward)) return true;
     }
     return QTableView::event(event);
+}
+
+bool Grid::LeaveByKey(int key)
+{
+    if (key != Qt::Key_Tab && key != Qt::Key_Backtab) return false;
+    const QPointer<Grid> here(this);
+    FinishEdit();
+    if (!here.isNull()) focusNextPrevChild(key == Qt::Key_Tab);
+    return true;
 }
 
 void Grid::LeaveByTab(bool forward)

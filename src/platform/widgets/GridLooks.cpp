@@ -9,7 +9,6 @@ namespace platform::GridLooks {
 namespace {
 
 constexpr double kReadable = 4.5;
-constexpr double kReadableDisabled = 3.0;
 
 QColor Base(const QPalette& palette) { return palette.color(QPalette::Active, QPalette::Base); }
 QColor Text(const QPalette& palette) { return palette.color(QPalette::Active, QPalette::Text); }
@@ -49,7 +48,7 @@ QColor TextOn(const QPalette& palette, const QColor& ground, bool enabled)
     if (enabled) return text;
     for (double share = 0.5; share < 1.0; share += 0.05) {
         const QColor faint = Theme::Mixed(ground, text, share);
-        if (Theme::Contrast(faint, ground) >= kReadableDisabled) return faint;
+        if (Theme::Contrast(faint, ground) >= kReadable) return faint;
     }
     return text;
 }

@@ -203,16 +203,24 @@ void Grid::paintEvent(QPaintEvent* event)
 {
     QTableView::paintEvent(event);
     if (m_model->rowCount() == 0) PaintEmptyText();
-    if (!IsCell(m_row, m_column)) return;
-    const int top = rowViewportPosition(m_row - FirstRow());
-    const int height = rowHeight(m_row - FirstRow()) - 1;
+    PaintCurrent();
+}
+
+/// The row's mark, and the frame of the focus: around the cell, or around all where there is no current one.
+void Grid::PaintCurrent()
+{
     QPainter painter(viewport());
     const QColor accent = Theme::Accent(palette());
+    if (!IsCell(m_row, m_column)) {
+        if (hasFocus()) Theme::PaintFocusFrame(painter, palette(), viewport()->rect());
+        return;
+    }
+    const int top = rowViewportPosition(m_row - FirstRow());
+    const int height = rowHeight(m_row - FirstRow()) - 1;
     painter.fillRect(QRect(0, top, 3, height), isEnabled() ? accent : Theme::Rule(palette()));
     if (!hasFocus() || m_editing) return;
     const int left = columnViewportPosition(m_column);
-    painter.setPen(QPen(accent, 2));
-    painter.drawRect(QRect(left, top, columnWidth(m_column) - 1, height).adjusted(1, 1, -1, -1));
+    Theme::PaintFocusFrame(painter, palette(), QRect(left, top, columnWidth(m_column) - 1, height));
 }
 
 void Grid::PaintEmptyText()

@@ -13,7 +13,6 @@ namespace platform {
 namespace {
 
 constexpr int kItemData = Qt::UserRole;
-constexpr int kFocusFrame = 2; // pixels
 
 QListWidgetItem& RowAt(const ListBox& list, Long index)
 {
@@ -42,7 +41,21 @@ ListBox::ListBox(const QString& name, const QString& accessibleName, QWidget* pa
     connect(this, &QListWidget::currentRowChanged, this, [this](int row) {
         if (row >= 0) Guarded([this] { Q_EMIT Click(); });
     });
+    connect(this, &QListWidget::itemSelectionChanged, this, &ListBox::FollowSelectionLater);
     connect(this, &QListWidget::itemClicked, this, [this] { Pick(); });
+}
+
+/// A screen reader selects a row and leaves the current one as it was. Later, since the toolkit selects ahead
+/// of every move of the current row.
+void ListBox::FollowSelectionLater()
+{
+    QMetaObject::invokeMethod(
+        this,
+        [this] {
+            const QList<QListWidgetItem*> selected = selectedItems();
+            if (!selected.isEmpty() && selected.first() != currentItem()) setCurrentItem(selected.first());
+        },
+        Qt::QueuedConnection);
 }
 
 void ListBox::Pick()
@@ -56,8 +69,7 @@ void ListBox::paintEvent(QPaintEvent* event)
     QListWidget::paintEvent(event);
     if (!hasFocus()) return;
     QPainter painter(viewport());
-    painter.setPen(QPen(Theme::Accent(palette()), kFocusFrame));
-    painter.drawRect(viewport()->rect().adjusted(1, 1, -1, -1));
+    Theme::PaintFocusFrame(painter, palette(), viewport()->rect());
 }
 
 void ListBox::keyPressEvent(QKeyEvent* event)

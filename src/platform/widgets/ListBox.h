@@ -46,6 +46,7 @@ protected:
 
 private:
     void Pick();
+    void FollowSelectionLater();
 };
 
 } // namespace platform

@@ -2,17 +2,16 @@
 
 #include "platform/base/Texts.h"
 #include "platform/widgets/Printing.h"
+#include "platform/widgets/RecentDocuments.h"
 #include "platform/widgets/Theme.h"
 
 #include <QApplication>
-#include <QDesktopServices>
 #include <QFileDialog>
-#include <QFileInfo>
 #include <QMessageBox>
 #include <QProcess>
 #include <QPushButton>
 #include <QScreen>
-#include <QUrl>
+#include <QStandardPaths>
 
 #include <utility>
 
@@ -156,21 +155,18 @@ void QtDesktop::PrinterSetup()
     Printing::SetUp(QApplication::activeWindow());
 }
 
-void QtDesktop::ShowHelp(const std::string& helpFile, int)
-{
-    const QString path = QString::fromStdString(helpFile);
-    if (!QFileInfo::exists(path)) {
-        ShowMessage({"The help file " + QFileInfo(path).fileName().toStdString() + " is missing."});
-    } else if (!QDesktopServices::openUrl(QUrl::fromLocalFile(path))) {
-        ShowMessage({"No program on this computer opens the help file " + helpFile + "."});
-    }
-}
+void QtDesktop::ShowHelp(const std::string& helpFile, int topic) { m_help.Show(helpFile, topic); }
 
 bool QtDesktop::StartProgram(const std::string& program, const std::string& argument)
 {
     const QStringList arguments =
         argument.empty() ? QStringList() : QStringList(QString::fromStdString(argument));
     return QProcess::startDetached(QString::fromStdString(program), arguments);
+}
+
+void QtDesktop::NoteRecentFile(const std::string& path)
+{
+    if (!QStandardPaths::isTestModeEnabled()) RecentDocuments().Note(QString::fromStdString(path));
 }
 
 int QtDesktop::ScreenWidth() { return Theme::Twips(QGuiApplication::primaryScreen()->geometry().width()); }

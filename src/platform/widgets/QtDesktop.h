@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/base/Desktop.h"
+#include "platform/widgets/HelpDesk.h"
 
 #include <QString>
 
@@ -20,11 +21,13 @@ public:
     void PrinterSetup() override;
     void ShowHelp(const std::string& helpFile, int topic) override;
     bool StartProgram(const std::string& program, const std::string& argument) override;
+    void NoteRecentFile(const std::string& path) override;
     int ScreenWidth() override;
     int ScreenHeight() override;
 
 private:
     QString m_programTitle;
+    HelpDesk m_help;
     QString m_lastFolder; // where the last file dialog was left
     bool m_hourglass = false;
 };

@@ -25,6 +25,9 @@ namespace platform {
 
 namespace {
 
+constexpr int kFontCharacters = 22; // average ones, with the arrow
+constexpr int kSizeCharacters = 9;
+
 struct NamedColor
 {
     const char* name;
@@ -65,6 +68,16 @@ QString ButtonName(const QString& caption)
     for (const QString& word : caption.split(QLatin1Char(' ')))
         name += word.at(0).toUpper() + word.mid(1);
     return name;
+}
+
+/// With its place in the list: a text that is not the chosen entry's would count as typed when Tab leaves the
+/// box.
+void ShowIn(QComboBox& box, const QString& text)
+{
+    const bool inStep = box.currentIndex() < 0 || box.itemText(box.currentIndex()) == text;
+    if (inStep && box.currentText() == text) return;
+    box.setCurrentIndex(box.findText(text));
+    box.setEditText(text);
 }
 
 QLabel* HiddenLabel(const QString& text, QComboBox* box, QWidget* parent)
@@ -120,7 +133,7 @@ void RichTextBar::AddFont(QWidget* group)
     m_font->completer()->setCompletionMode(QCompleter::PopupCompletion);
     m_font->setToolTip(QStringLiteral("Font"));
     m_font->lineEdit()->setAccessibleName(QStringLiteral("Font"));
-    m_font->setFixedWidth(Theme::Pixels(2250));
+    m_font->setFixedWidth(std::max(Theme::Pixels(2250), kFontCharacters * fontMetrics().averageCharWidth()));
     m_font->installEventFilter(this);
     HiddenLabel(QStringLiteral("Font"), m_font, group);
     group->layout()->addWidget(m_font);
@@ -137,7 +150,7 @@ void RichTextBar::AddSize(QWidget* group)
         m_size->addItem(QString::number(points));
     m_size->setToolTip(QStringLiteral("Font size, points"));
     m_size->lineEdit()->setAccessibleName(QStringLiteral("Font size"));
-    m_size->setFixedWidth(Theme::Pixels(960));
+    m_size->setFixedWidth(std::max(Theme::Pixels(960), kSizeCharacters * fontMetrics().averageCharWidth()));
     m_size->installEventFilter(this);
     HiddenLabel(QStringLiteral("Font size"), m_size, group);
     group->layout()->addWidget(m_size);
@@ -190,6 +203,15 @@ void RichTextBar::AddColor(QWidget* group)
 
 void RichTextBar::Enter() { m_font->setFocus(Qt::ShortcutFocusReason); }
 
+void RichTextBar::LeadTo(QWidget& next)
+{
+    QToolButton& last = *m_buttons.back();
+    const Qt::FocusPolicy policy = last.focusPolicy();
+    last.setFocusPolicy(Qt::TabFocus); // else it has no place in the order
+    setTabOrder(&last, &next);
+    last.setFocusPolicy(policy);
+}
+
 /// One button is the stop of the Tab key: the one used last.
 void RichTextBar::MakeStop(QToolButton* stop)
 {
@@ -239,8 +261,8 @@ void RichTextBar::ShowLook()
     const QTextCharFormat format = m_edit.currentCharFormat();
     const QString font = RichTextFormats::FamilyOf(format);
     const Long halfPoints = RichTextFormats::HalfPointsOf(format);
-    if (m_font->currentText() != font) m_font->setEditText(font);
-    if (m_size->currentText() != SizeText(halfPoints)) m_size->setEditText(SizeText(halfPoints));
+    ShowIn(*m_font, font);
+    ShowIn(*m_size, SizeText(halfPoints));
 }
 
 void RichTextBar::ApplyFont()

@@ -25,6 +25,8 @@ public:
 
     /// The focus to the first control.
     void Enter();
+    /// What the Tab key reaches behind the bar.
+    void LeadTo(QWidget& next);
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;

@@ -10,6 +10,7 @@
 #include <QMenu>
 #include <QMimeData>
 #include <QMouseEvent>
+#include <QPainter>
 #include <QTextBlock>
 #include <QTextTable>
 #include <QUrl>
@@ -123,6 +124,15 @@ void RichTextEdit::changeEvent(QEvent* event)
     if (m_document->defaultFont() != font) m_document->setDefaultFont(font);
 }
 
+/// A text that is only read has no cursor to show where keys go.
+void RichTextEdit::paintEvent(QPaintEvent* event)
+{
+    QTextEdit::paintEvent(event);
+    if (!isReadOnly() || !hasFocus()) return;
+    QPainter painter(viewport());
+    Theme::PaintFocusFrame(painter, palette(), viewport()->rect());
+}
+
 void RichTextEdit::resizeEvent(QResizeEvent* event)
 {
     PlaceSheet();
@@ -143,12 +153,14 @@ void RichTextEdit::PlaceSheet()
 void RichTextEdit::focusInEvent(QFocusEvent* event)
 {
     QTextEdit::focusInEvent(event);
+    viewport()->update();
     if (parentWidget() != nullptr) parentWidget()->update();
 }
 
 void RichTextEdit::focusOutEvent(QFocusEvent* event)
 {
     QTextEdit::focusOutEvent(event);
+    viewport()->update();
     if (parentWidget() != nullptr) parentWidget()->update();
 }
 

@@ -22,7 +22,6 @@ RichTextEditor::RichTextEditor(const QString& bodyName,
     m_body = new RichTextEdit(this);
     m_body->setObjectName(bodyName);
     m_body->setAccessibleName(accessibleName);
-    setFocusProxy(m_body);
     Build(parts);
     AddShortcuts();
 }
@@ -40,7 +39,10 @@ void RichTextEditor::Build(Parts parts)
     if (parts == Parts::BarAndRuler) {
         m_ruler = new RichTextRuler(*m_body, this);
         column->addWidget(m_ruler);
+        m_bar->LeadTo(*m_ruler);
         setTabOrder(m_ruler, m_body);
+    } else {
+        m_bar->LeadTo(*m_body);
     }
     column->addWidget(m_body, 1);
     column->addWidget(m_find);

@@ -1,9 +1,11 @@
 #include "platform/widgets/RichTextRuler.h"
 
+#include "platform/widgets/AccessibleRoles.h"
 #include "platform/widgets/RichTextEdit.h"
 #include "platform/widgets/RichTextFormats.h"
 #include "platform/widgets/Theme.h"
 
+#include <QAccessible>
 #include <QHelpEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -67,7 +69,39 @@ void RichTextRuler::Describe()
     QStringList lines;
     for (const Mark& mark : Marks())
         lines << TextOf(mark);
-    setAccessibleDescription(lines.join(QLatin1Char('\n')));
+    SetAccessibleWords(*this, lines.join(QLatin1Char('\n')));
+}
+
+RichTextRuler::Mark RichTextRuler::Chosen() const
+{
+    const std::vector<Mark> marks = Marks();
+    const bool stands = m_chosen && std::find(marks.begin(), marks.end(), *m_chosen) != marks.end();
+    return stands ? *m_chosen : marks.front();
+}
+
+void RichTextRuler::Choose(const Mark& mark)
+{
+    m_chosen = mark;
+    update();
+    TellChosen();
+}
+
+/// Its name too: the mark that is moved is another one.
+void RichTextRuler::TellChosen()
+{
+    setAccessibleName(hasFocus() ? QStringLiteral("Ruler, ") + ChosenText() : QStringLiteral("Ruler"));
+    if (!QAccessible::isActive()) return;
+    QAccessibleValueChangeEvent moved(this, ChosenText());
+    QAccessible::updateAccessibility(&moved);
+}
+
+void RichTextRuler::MoveChosen(Long position)
+{
+    if (m_edit.isReadOnly()) return;
+    m_chosen = Chosen();
+    Move(*m_chosen, position);
+    Commit();
+    TellChosen();
 }
 
 int RichTextRuler::XOf(Long twips) const
@@ -79,7 +113,6 @@ int RichTextRuler::XOf(Long twips) const
 
 Long RichTextRuler::TwipsAt(int x) const { return OnStep(RichTextFormats::Twips(x - XOf(0))); }
 
-/// The room for text, from margin to margin.
 Long RichTextRuler::Width() const
 {
     return RichTextFormats::Twips(m_edit.viewport()->width() - 2.0 * RichTextEdit::SheetMargin());
@@ -262,39 +295,59 @@ void RichTextRuler::keyPressEvent(QKeyEvent* event)
     }
 }
 
-bool RichTextRuler::MarkKey(int key)
+void RichTextRuler::focusInEvent(QFocusEvent* event)
+{
+    QWidget::focusInEvent(event);
+    Choose(Chosen());
+}
+
+void RichTextRuler::focusOutEvent(QFocusEvent* event)
+{
+    QWidget::focusOutEvent(event);
+    TellChosen();
+}
+
+bool RichTextRuler::ChooseByKey(int key)
 {
     const std::vector<Mark> marks = Marks();
-    auto at = m_chosen ? std::find(marks.begin(), marks.end(), *m_chosen) : marks.begin();
-    if (at == marks.end()) at = marks.begin();
-    m_chosen = *at;
-    const bool tab = at->kind == Kind::Tab;
+    const auto at = std::find(marks.begin(), marks.end(), Chosen());
     switch (key) {
-    case Qt::Key_Down: m_chosen = at + 1 == marks.end() ? marks.front() : *(at + 1); break;
-    case Qt::Key_Up: m_chosen = at == marks.begin() ? marks.back() : *(at - 1); break;
-    case Qt::Key_Left: Move(*m_chosen, PositionOf(*at) - kStep); break;
-    case Qt::Key_Right: Move(*m_chosen, PositionOf(*at) + kStep); break;
-    case Qt::Key_Insert:
-        SetTab((m_look.tabs.empty() ? m_look.indentLeft : m_look.tabs.back().position) + kInch / 2);
-        break;
+    case Qt::Key_Down: Choose(at + 1 == marks.end() ? marks.front() : *(at + 1)); return true;
+    case Qt::Key_Up: Choose(at == marks.begin() ? marks.back() : *(at - 1)); return true;
+    default: return false;
+    }
+}
+
+bool RichTextRuler::ChangeTabByKey(int key)
+{
+    const Mark mark = Chosen();
+    if (mark.kind != Kind::Tab) return false;
+    switch (key) {
     case Qt::Key_Delete:
-        if (!tab) return false;
-        m_look.tabs.erase(m_look.tabs.begin() + static_cast<std::ptrdiff_t>(at->tab));
+        m_look.tabs.erase(m_look.tabs.begin() + static_cast<std::ptrdiff_t>(mark.tab));
         m_chosen.reset();
         break;
     case Qt::Key_Return:
-    case Qt::Key_Enter:
-        if (!tab) return false;
-        Turn(at->tab);
-        break;
+    case Qt::Key_Enter: Turn(mark.tab); break;
     default: return false;
     }
-    if (key == Qt::Key_Down || key == Qt::Key_Up) {
-        update();
-    } else {
-        Commit();
-    }
+    Commit();
+    Choose(Chosen());
     return true;
+}
+
+bool RichTextRuler::MarkKey(int key)
+{
+    switch (key) {
+    case Qt::Key_Left: MoveChosen(ChosenPosition() - kStep); return true;
+    case Qt::Key_Right: MoveChosen(ChosenPosition() + kStep); return true;
+    case Qt::Key_Insert:
+        SetTab((m_look.tabs.empty() ? m_look.indentLeft : m_look.tabs.back().position) + kInch / 2);
+        Commit();
+        TellChosen();
+        return true;
+    default: return ChooseByKey(key) || ChangeTabByKey(key);
+    }
 }
 
 /// The sheet's width is the scale's.
@@ -325,6 +378,8 @@ void RichTextRuler::paintEvent(QPaintEvent*)
     for (const Mark& mark : Marks()) {
         if (!(m_off && m_dragged == mark)) PaintMark(painter, mark);
     }
+    if (!hasFocus()) return;
+    Theme::PaintFocusFrame(painter, palette(), rect());
 }
 
 void RichTextRuler::PaintScale(QPainter& painter) const

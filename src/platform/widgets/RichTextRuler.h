@@ -29,6 +29,14 @@ public:
     /// The length that a place stands for, on the ruler's steps.
     Long TwipsAt(int x) const;
 
+    /// The room for text, from margin to margin.
+    Long Width() const;
+    /// The mark that keys and screen readers move: where it stands, and its name with its length.
+    Long ChosenPosition() const { return PositionOf(Chosen()); }
+    QString ChosenText() const { return TextOf(Chosen()); }
+    /// As far as it makes sense; nothing where the text is only to be read.
+    void MoveChosen(Long position);
+
 protected:
     void paintEvent(QPaintEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
@@ -36,6 +44,8 @@ protected:
     void mouseReleaseEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
     bool event(QEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
@@ -50,7 +60,10 @@ private:
 
     void Follow();
     void Describe();
-    Long Width() const;
+    /// The one chosen by keys, as long as there is one; else the first.
+    Mark Chosen() const;
+    void Choose(const Mark& mark);
+    void TellChosen();
     Long PositionOf(const Mark& mark) const;
     std::vector<Mark> Marks() const;
     std::optional<Mark> MarkAt(const QPoint& point) const;
@@ -65,6 +78,8 @@ private:
     void PaintScale(QPainter& painter) const;
     void PaintMark(QPainter& painter, const Mark& mark) const;
     bool MarkKey(int key);
+    bool ChooseByKey(int key);
+    bool ChangeTabByKey(int key);
 
     RichTextEdit& m_edit;
     richtext::ParagraphFormat m_look; // of the cursor's paragraph, while dragged as it will be

@@ -1,6 +1,7 @@
 #include "platform/widgets/SpellDialog.h"
 
 #include "platform/base/Desktop.h"
+#include "platform/widgets/AccessibleRoles.h"
 #include "platform/widgets/Application.h"
 #include "platform/widgets/SpellHighlighter.h"
 #include "platform/widgets/SpellMarks.h"
@@ -11,6 +12,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QPainter>
 #include <QPushButton>
 #include <QSignalBlocker>
 #include <QTextEdit>
@@ -19,6 +21,31 @@
 namespace platform {
 
 namespace {
+
+/// With a frame that says that keys go here: what is chosen in it looks the same without the focus.
+template <class View> class Framed : public View
+{
+public:
+    using View::View;
+
+protected:
+    void paintEvent(QPaintEvent* event) override
+    {
+        View::paintEvent(event);
+        QPainter painter(View::viewport());
+        if (View::hasFocus()) Theme::PaintFocusFrame(painter, View::palette(), View::viewport()->rect());
+    }
+    void focusInEvent(QFocusEvent* event) override
+    {
+        View::focusInEvent(event);
+        View::viewport()->update();
+    }
+    void focusOutEvent(QFocusEvent* event) override
+    {
+        View::focusOutEvent(event);
+        View::viewport()->update();
+    }
+};
 
 constexpr int kSentenceLines = 4;
 constexpr int kSuggestionLines = 6;
@@ -72,7 +99,7 @@ void SpellDialog::BuildControls()
 
 QLayout* SpellDialog::BuildWord()
 {
-    m_txtSentence = new QTextEdit(this);
+    m_txtSentence = new Framed<QTextEdit>(this);
     m_txtSentence->setObjectName(QStringLiteral("txtSentence"));
     m_txtSentence->setReadOnly(true);
     m_txtSentence->setTabChangesFocus(true);
@@ -101,7 +128,7 @@ QLayout* SpellDialog::BuildChange()
 {
     m_txtChangeTo = new QLineEdit(this);
     m_txtChangeTo->setObjectName(QStringLiteral("txtChangeTo"));
-    m_lstSuggestions = new QListWidget(this);
+    m_lstSuggestions = new Framed<QListWidget>(this);
     m_lstSuggestions->setObjectName(QStringLiteral("lstSuggestions"));
     m_lstSuggestions->setAccessibleName(QStringLiteral("Suggestions"));
     m_lstSuggestions->setMinimumHeight(kSuggestionLines * fontMetrics().lineSpacing());
@@ -173,7 +200,7 @@ void SpellDialog::ShowWord()
 void SpellDialog::ShowSentence()
 {
     m_txtSentence->setPlainText(m_walk.Sentence());
-    m_txtSentence->setAccessibleDescription(m_walk.Word());
+    SetAccessibleWords(*m_txtSentence, m_walk.Word());
     QTextCharFormat mark = WrongWordFormat(palette());
     mark.setFontWeight(QFont::Bold);
     QTextCursor word = m_txtSentence->textCursor();

@@ -1,8 +1,11 @@
 #include "platform/widgets/Theme.h"
 
+#include "platform/widgets/FocusStyle.h"
+
 #include <QApplication>
 #include <QDir>
 #include <QFile>
+#include <QPainter>
 #include <QScreen>
 
 #include <algorithm>
@@ -15,6 +18,8 @@ namespace {
 
 constexpr int kTwipsPerInch = 1440;
 constexpr double kReadable = 4.5; // the least contrast of text
+constexpr int kFocusFrame = 2;    // pixels
+constexpr int kUpperEdge = 150;   // percent
 const QColor kEmberOnLight(0xb8, 0x47, 0x0f);
 const QColor kEmberOnDark(0xe0, 0x73, 0x3a);
 
@@ -45,6 +50,25 @@ double Luminance(const QColor& colour)
     return 0.2126 * linear(colour.red()) + 0.7152 * linear(colour.green()) + 0.0722 * linear(colour.blue());
 }
 
+/// Text that is fainter for a reason, of what is disabled or still empty: it is read on every ground all the
+/// same.
+QColor FaintText(const QPalette& palette)
+{
+    const QColor text = palette.color(QPalette::Active, QPalette::WindowText);
+    const QColor window = palette.color(QPalette::Active, QPalette::Window);
+    for (double share = 0.5; share < 1.0; share += 0.02) {
+        const QColor faint = Mixed(window, text, share);
+        double least = Contrast(faint, StripGround(palette));
+        for (const auto ground :
+             {QPalette::Window, QPalette::Base, QPalette::AlternateBase, QPalette::Button})
+            least = std::min(least, Contrast(faint, palette.color(ground)));
+        // The style's buttons are lighter at their upper edge.
+        least = std::min(least, Contrast(faint, palette.color(QPalette::Button).lighter(kUpperEdge)));
+        if (least >= kReadable) return faint;
+    }
+    return text;
+}
+
 /// Whether a settings file of the desktop asks for dark windows.
 bool SettingsPreferDark(const QString& path)
 {
@@ -64,6 +88,20 @@ bool DesktopPrefersDark()
     return SettingsPreferDark(config + QLatin1String("/gtk-4.0/settings.ini")) ||
            SettingsPreferDark(config + QLatin1String("/gtk-3.0/settings.ini"));
 }
+
+/// The desktop's own style with our colours. They go in beneath: a palette that is set for the application
+/// would give every widget one of its own, and the toolkit draws and keeps its buttons anew for each palette.
+class ThemeStyle : public FocusStyle
+{
+public:
+    using FocusStyle::polish;
+    void polish(QPalette& palette) override
+    {
+        FocusStyle::polish(palette);
+        const bool turnsDark = !IsDark(palette) && DesktopPrefersDark();
+        palette = WithAccent(turnsDark ? DarkPalette() : palette);
+    }
+};
 
 } // namespace
 
@@ -141,6 +179,16 @@ double Contrast(const QColor& first, const QColor& second)
     return std::max(a, b) / std::min(a, b);
 }
 
+void PaintFocusFrame(QPainter& painter, const QPalette& palette, const QRect& place)
+{
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing, false);
+    painter.setPen(QPen(Accent(palette), kFocusFrame));
+    painter.setBrush(Qt::NoBrush);
+    painter.drawRect(place.adjusted(1, 1, -1, -1));
+    painter.restore();
+}
+
 QPalette DarkPalette()
 {
     QPalette palette(QColor(0x35, 0x35, 0x38), QColor(0x2b, 0x2b, 0x2e));
@@ -164,13 +212,19 @@ QPalette WithAccent(QPalette palette)
         palette.setColor(group, QPalette::Highlight, kEmberOnLight);
         palette.setColor(group, QPalette::HighlightedText, Qt::white);
     }
+    const QColor faint = FaintText(palette);
+    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
+        palette.setColor(QPalette::Disabled, role, faint);
+    palette.setColor(QPalette::Disabled, QPalette::Highlight, faint);
+    palette.setColor(QPalette::Disabled, QPalette::HighlightedText, palette.color(QPalette::Base));
+    palette.setColor(QPalette::PlaceholderText, faint);
     return palette;
 }
 
 void Apply()
 {
-    const QPalette own = QGuiApplication::palette();
-    QApplication::setPalette(WithAccent(!IsDark(own) && DesktopPrefersDark() ? DarkPalette() : own));
+    QApplication::setStyle(new ThemeStyle);
+    QApplication::setPalette(QPalette()); // none but the style's
 }
 
 } // namespace platform::Theme

@@ -4,6 +4,9 @@
 #include <QFont>
 #include <QPalette>
 
+class QPainter;
+class QRect;
+
 /// How every window looks: the desktop's own font and palette, light or dark, with one accent.
 namespace platform::Theme {
 
@@ -35,12 +38,14 @@ QColor Rule(const QPalette& palette);
 
 /// `over` laid upon `under`, `share` of it between 0 and 1.
 QColor Mixed(const QColor& under, const QColor& over, double share);
+/// The ring around what keys go to, just within a place.
+void PaintFocusFrame(QPainter& painter, const QPalette& palette, const QRect& place);
 /// The contrast of two colours, 1 to 21.
 double Contrast(const QColor& first, const QColor& second);
 
 /// The palette in use where the desktop asks for dark windows and the toolkit brings none of its own.
 QPalette DarkPalette();
-/// The palette with the accent as the ground of selections.
+/// The palette with the accent as the ground of selections, and with faint text that can be read.
 QPalette WithAccent(QPalette palette);
 /// Sets the application's palette: the desktop's, or the dark one where the desktop prefers it, with the
 /// accent.

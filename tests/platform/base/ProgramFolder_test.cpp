@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <chrono>
 #include <cstdlib>
 #include <filesystem>
 #include <iostream>
@@ -89,6 +90,39 @@ TEST_F(ProgramFolder, TheUsersOwn_KeepsWhatTheUserChanged)
     EXPECT_EQ(Asked("HOME='" + folder.Path() + "'"), user);
     EXPECT_EQ(ReadFile(user + "/QEL.new"), "template");
     EXPECT_EQ(ReadFile(user + "/Custom.dct"), "my own words\n");
+}
+
+TEST_F(ProgramFolder, AfterAnUpdate_TheHelpIsTheNewOneAndTheRestTheUsers)
+{
+    const std::string share = folder.File("prefix/share/vexa");
+    const std::string user = folder.File(".local/share/vexa");
+    fs::create_directories(share);
+    fs::create_directories(user);
+    for (const char* name : {"/QEL.new", "/VEXAPlus.hlp", "/Custom.dct"}) {
+        WriteFile(user + name, "of the user");
+        WriteFile(share + name, "of the update");
+        fs::last_write_time(user + name, fs::last_write_time(share + name) - std::chrono::hours(1));
+    }
+    Asked("HOME='" + folder.Path() + "'");
+    EXPECT_EQ(ReadFile(user + "/VEXAPlus.hlp"), "of the update");
+    EXPECT_EQ(ReadFile(user + "/QEL.new"), "of the user");
+    EXPECT_EQ(ReadFile(user + "/Custom.dct"), "of the user");
+}
+
+TEST_F(ProgramFolder, WithNoUpdate_TheCopyOfTheHelpStays)
+{
+    const std::string share = folder.File("prefix/share/vexa");
+    const std::string user = folder.File(".local/share/vexa");
+    fs::create_directories(share);
+    fs::create_directories(user);
+    WriteFile(share + "/VEXAPlus.hlp", "installed");
+    for (const char* name : {"/QEL.new", "/VEXAPlus.hlp"}) {
+        WriteFile(user + name, "the copy");
+    }
+    fs::last_write_time(user + "/VEXAPlus.hlp",
+                        fs::last_write_time(share + "/VEXAPlus.hlp") + std::chrono::hours(1));
+    Asked("HOME='" + folder.Path() + "'");
+    EXPECT_EQ(ReadFile(user + "/VEXAPlus.hlp"), "the copy");
 }
 
 TEST_F(ProgramFolder, WithNothingInstalled_IsStillTheUsersOwn)

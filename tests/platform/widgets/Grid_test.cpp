@@ -367,7 +367,7 @@ TEST_F(GridTest, Disabled_ReadsFainterButReads)
     for (const QPalette& palette : {QPalette(QColor(0xef, 0xef, 0xef)), Theme::DarkPalette()}) {
         const QColor ground = platform::GridLooks::Ground(palette, QColor(192, 255, 192), false);
         const QColor faint = platform::GridLooks::TextOn(palette, ground, false);
-        EXPECT_GE(Theme::Contrast(faint, ground), 3.0);
+        EXPECT_GE(Theme::Contrast(faint, ground), 4.5);
         EXPECT_LT(Theme::Contrast(faint, ground),
                   Theme::Contrast(platform::GridLooks::TextOn(palette, ground, true), ground));
     }

@@ -209,7 +209,9 @@ TEST_F(QtDesktopTest, HelpFileMissing_SaysSo)
         box->accept();
     });
     desktop.ShowHelp(temporary.filePath(QStringLiteral("VEXAPlus.hlp")).toStdString(), 4210);
-    EXPECT_EQ(text, QStringLiteral("The help file VEXAPlus.hlp is missing."));
+    EXPECT_EQ(text,
+              QStringLiteral("The help file VEXAPlus.hlp is missing.\nIt belongs into the folder %1.")
+                  .arg(temporary.path()));
 }
 
 TEST_F(QtDesktopTest, ProgramThatIsNotThere_CannotBeStarted)

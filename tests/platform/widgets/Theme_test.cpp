@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QDir>
 #include <QFile>
+#include <QPushButton>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
 
@@ -88,6 +89,16 @@ TEST(Theme, DesktopThatPrefersDark_DarkPalette)
     qunsetenv("GTK_THEME");
     qunsetenv("XDG_CONFIG_HOME");
     QApplication::setPalette(before);
+}
+
+/// The toolkit draws a button anew for every palette, and keeps what it drew.
+TEST(Theme, Widgets_ShareOnePalette)
+{
+    QWidget window;
+    const QPushButton first(&window);
+    const QPushButton second(&window);
+    EXPECT_EQ(first.palette().cacheKey(), second.palette().cacheKey());
+    EXPECT_EQ(first.palette().color(QPalette::Highlight), Theme::Accent(first.palette()));
 }
 
 TEST(Theme, Twips_FifteenToAPixelAt96DotsPerInch)
