@@ -134,16 +134,4 @@ TEST_F(DecisionDescriptionTest, FontsAndColoursOfEachText_AreKept)
     EXPECT_NE(first.color, second.color);
 }
 
-/// The lines stand as the editor would have put them there.
-TEST_F(DecisionDescriptionTest, LinesAhead_AsTheEditorInsertsThem)
-{
-    platform::RichTextEdit editor;
-    editor.LoadFromMemory(kNumbers);
-    editor.InsertAtStart("\n");
-    const auto whole = richtext::ReadRtf(DecisionDescription::WithoutFallback(With("Body.", kNumbers)));
-    const auto expected = richtext::ReadRtf(editor.SaveToMemory());
-    const std::vector<richtext::Block> behind(whole.blocks.begin() + 1, whole.blocks.end());
-    EXPECT_EQ(behind, expected.blocks);
-}
-
 } // namespace

@@ -143,13 +143,6 @@ void Schema::AddColumn(std::string_view table, const ColumnDefinition& column)
         table);
 }
 
-void Schema::CreateIndex(std::string_view name,
-                         std::string_view table,
-                         const std::vector<std::string>& columns)
-{
-    Run("CREATE INDEX " + Quoted(name) + " ON " + Quoted(table) + NameList(columns), table);
-}
-
 std::int64_t Schema::Mark()
 {
     const StatementLoan mark = m_engine.Borrow("PRAGMA user_version");

@@ -43,7 +43,6 @@ public:
     void RenameTable(std::string_view table, std::string_view name);
     /// The new column is the last one, null in every row.
     void AddColumn(std::string_view table, const ColumnDefinition& column);
-    void CreateIndex(std::string_view name, std::string_view table, const std::vector<std::string>& columns);
 
     /// A number that the file carries beside its tables, 0 unless it was set.
     std::int64_t Mark();

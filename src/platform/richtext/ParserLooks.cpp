@@ -8,8 +8,6 @@ namespace platform::richtext::reader {
 
 namespace {
 
-constexpr Long singleLine = 240; // \sl of a line of one
-
 LineSpacing LineSpacingOf(const ParagraphState& state)
 {
     const Long value = std::abs(state.lineSpacing);

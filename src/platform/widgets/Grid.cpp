@@ -210,13 +210,6 @@ void Grid::SetBar(Long row, Long column, double percent)
     QAccessible::updateAccessibility(&changed);
 }
 
-void Grid::SetBarWords(Long column, const QString& low, const QString& high)
-{
-    m_model->ColumnAt(column).low = low;
-    m_model->ColumnAt(column).high = high;
-    Relayout();
-}
-
 void Grid::SetColFormat(Long column, const std::string& format)
 {
     m_model->SetFormat(column, format);

@@ -65,8 +65,6 @@ public:
     void SetCellBackColor(Long row, Long column, const QColor& color);
     /// How much of a cell its bar fills, percent from 0 to 100; below 0: no bar.
     void SetBar(Long row, Long column, double percent);
-    /// The words at the two ends of a column's bars.
-    void SetBarWords(Long column, const QString& low, const QString& high);
     /// Shows numeric texts of a column in this format ("$#,0"); the text itself stays as it was set.
     void SetColFormat(Long column, const std::string& format);
     /// Neighbours of equal text in a column stand as one cell.

@@ -15,7 +15,6 @@ namespace platform {
 namespace {
 
 constexpr int kMarks = 10; // steps of a bar
-constexpr int kLeastStep = 12;
 
 /// Beside a text; the mark of the current row stands in it.
 int Padding() { return Theme::Gap() * 3 / 4; }
@@ -34,23 +33,14 @@ QColor TextColor(const QStyleOptionViewItem& option, const QColor& ground)
     return GridLooks::TextOn(option.palette, ground, option.state.testFlag(QStyle::State_Enabled));
 }
 
-/// Marks and words of a bar in one ink. A mark that would run into a word stays away.
-void PaintScale(QPainter& painter, const QRect& track, const GridModel::Column& column, const QColor& ink)
+/// The marks of a bar, between its ends.
+void PaintScale(QPainter& painter, const QRect& track, const QColor& ink)
 {
-    const QFontMetrics metrics = painter.fontMetrics();
-    const QRect words = track.adjusted(Padding(), 0, -Padding(), 0);
-    const int from =
-        column.low.isEmpty() ? track.left() : words.left() + metrics.horizontalAdvance(column.low);
-    const int to =
-        column.high.isEmpty() ? track.right() : words.right() - metrics.horizontalAdvance(column.high);
     painter.setPen(ink);
     for (int mark = 1; mark < kMarks; ++mark) {
         const int x = track.left() + static_cast<int>(std::lround(track.width() * mark / double(kMarks)));
-        if (x > from && x < to) painter.drawLine(x, track.bottom() - track.height() / 4, x, track.bottom());
+        painter.drawLine(x, track.bottom() - track.height() / 4, x, track.bottom());
     }
-    if (column.low.isEmpty() && column.high.isEmpty()) return;
-    painter.drawText(words, Qt::AlignLeft | Qt::AlignVCenter, column.low);
-    painter.drawText(words, Qt::AlignRight | Qt::AlignVCenter, column.high);
 }
 
 /// The track of a bar: as wide as its cell, one line high also where the row has more.
@@ -85,12 +75,6 @@ int GridDelegate::HeightFor(const QFont& font, const QString& text, int columnWi
     }
     layout.endLayout();
     return static_cast<int>(std::ceil(height)) + Theme::Gap() + 1;
-}
-
-int GridDelegate::BarWidth(const QFontMetrics& metrics, const GridModel::Column& column)
-{
-    const int words = metrics.horizontalAdvance(column.low + column.high) + 4 * Padding();
-    return std::max(kMarks * kLeastStep, words);
 }
 
 void GridDelegate::paint(QPainter* painter,
@@ -131,7 +115,6 @@ void GridDelegate::PaintBar(QPainter& painter,
                             const QModelIndex& index) const
 {
     const GridModel::Cell& cell = m_model.CellAt(m_model.RowOf(index), index.column());
-    const GridModel::Column& column = m_model.ColumnAt(index.column());
     const bool enabled = option.state.testFlag(QStyle::State_Enabled);
     const QRect track = TrackIn(option.rect.adjusted(0, 0, -1, -1), option.fontMetrics);
     const QRect fill(track.topLeft(),
@@ -141,10 +124,10 @@ void GridDelegate::PaintBar(QPainter& painter,
     painter.save();
     painter.setFont(option.font);
     painter.fillRect(track, ground);
-    PaintScale(painter, track, column, GridLooks::TextOn(option.palette, ground, enabled));
+    PaintScale(painter, track, GridLooks::TextOn(option.palette, ground, enabled));
     painter.setClipRect(fill, Qt::IntersectClip);
     painter.fillRect(fill, filled);
-    PaintScale(painter, track, column, GridLooks::TextOn(option.palette, filled, enabled));
+    PaintScale(painter, track, GridLooks::TextOn(option.palette, filled, enabled));
     painter.restore();
 }
 

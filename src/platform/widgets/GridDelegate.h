@@ -25,8 +25,6 @@ public:
     static int WidthFor(const QFontMetrics& metrics, const QString& text);
     /// The height that a text broken into lines takes in a column.
     static int HeightFor(const QFont& font, const QString& text, int columnWidth);
-    /// The least width of a bar on which marks and words stand clear.
-    static int BarWidth(const QFontMetrics& metrics, const GridModel::Column& column);
 
 private:
     void PaintText(QPainter& painter,

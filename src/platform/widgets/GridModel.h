@@ -31,8 +31,6 @@ public:
         std::string format;
         bool merged = false;
         bool editable = false;
-        QString low; // the words at the two ends of its bars
-        QString high;
         int longestEntry = 0; // characters that may be typed; 0: unknown
     };
 

@@ -74,9 +74,7 @@ int Grid::WidthOfLongestEntry(int characters) const
 Grid::ColumnWidth Grid::EmptyWidth(Long column) const
 {
     const GridModel::Column& told = m_model->ColumnAt(column);
-    const int bar =
-        told.low.isEmpty() && told.high.isEmpty() ? 0 : GridDelegate::BarWidth(fontMetrics(), told);
-    const int least = std::max({m_header->LeastWidth(column), WidthOfLongestEntry(told.longestEntry), bar});
+    const int least = std::max(m_header->LeastWidth(column), WidthOfLongestEntry(told.longestEntry));
     return {std::max(Theme::Pixels(Contents().ColWidth(column)), least), least};
 }
 

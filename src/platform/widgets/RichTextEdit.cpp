@@ -131,22 +131,6 @@ void RichTextEdit::InsertPlain(const QString& text)
     ensureCursorVisible();
 }
 
-void RichTextEdit::InsertAtStart(const std::string& text)
-{
-    const QStringList lines = QString::fromStdString(text).split(QLatin1Char('\n'));
-    QTextCursor cursor(m_document);
-    cursor.beginEditBlock();
-    for (qsizetype line = 0; line + 1 < lines.size(); ++line) {
-        cursor.insertBlock();
-        QTextCursor before(cursor.block().previous());
-        before.setBlockFormat(QTextBlockFormat());
-        before.setBlockCharFormat(QTextCharFormat());
-        before.insertText(lines[line], QTextCharFormat());
-    }
-    cursor.insertText(lines.last());
-    cursor.endEditBlock();
-}
-
 void RichTextEdit::Insert(const richtext::RichDocument& text)
 {
     const QTextCharFormat typed = currentCharFormat();

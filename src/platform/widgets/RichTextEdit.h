@@ -32,9 +32,6 @@ public:
     void Clip(int action);
     void PastePlain();
 
-    /// Puts text in front of the first paragraph. Its line ends make plain paragraphs, whatever list or look
-    /// the first paragraph has. One step of undo.
-    void InsertAtStart(const std::string& text);
     /// Puts a rich text in place of the selection; what is typed next looks as before. One step of undo.
     void Insert(const richtext::RichDocument& text);
     /// Puts a PNG or JPEG picture in place of the selection; says so when it is refused.

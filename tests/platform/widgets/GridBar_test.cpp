@@ -190,14 +190,6 @@ TEST_F(GridBar, Picture_HasAMarkAtEveryWholeStep)
     EXPECT_EQ(marks, 9 + 1); // and the line between the cells
 }
 
-TEST_F(GridBar, Words_HaveRoomAtItsEnds)
-{
-    grid->SetStretchCol(-1);
-    grid->SetBarWords(4, QStringLiteral("Remarkably bad"), QStringLiteral("Remarkably good"));
-    EXPECT_GE(grid->columnWidth(4),
-              grid->fontMetrics().horizontalAdvance(QStringLiteral("Remarkably badRemarkably good")));
-}
-
 TEST_F(GridBar, LightAndDark_ContrastHolds)
 {
     for (const QPalette& palette : {QPalette(QColor(0xef, 0xef, 0xef)), platform::Theme::DarkPalette()}) {

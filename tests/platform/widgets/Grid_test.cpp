@@ -286,7 +286,6 @@ TEST_F(GridTest, NoRowsNoColumns_NothingGoesWrong)
     QTest::mouseClick(empty.viewport(), Qt::LeftButton, {}, QPoint(5, 5));
     empty.SetStretchCol(2);
     empty.SetEditable(1, true);
-    empty.SetBarWords(1, QStringLiteral("Bad"), QStringLiteral("Good"));
     empty.EditCell();
     empty.SortNumeric(0);
     Settle();

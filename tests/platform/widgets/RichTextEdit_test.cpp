@@ -149,18 +149,6 @@ TEST_F(RichTextEdit, Tab_IsACharacterAndCtrlTabLeaves)
     EXPECT_FALSE(body.hasFocus());
 }
 
-TEST_F(RichTextEdit, InsertAtStart_TakesNoListFromTheFirstParagraph)
-{
-    Press(Qt::Key_L, Qt::ControlModifier | Qt::ShiftModifier);
-    Type("item");
-    body.InsertAtStart("Target:\n\n");
-    EXPECT_EQ(body.Text(), "Target:\n\nitem");
-    EXPECT_EQ(body.document()->firstBlock().textList(), nullptr);
-    EXPECT_EQ(body.document()->findBlockByNumber(1).textList(), nullptr);
-    EXPECT_NE(body.document()->findBlockByNumber(2).textList(), nullptr);
-    EXPECT_EQ(StoredAgain(), body.SaveToMemory());
-}
-
 TEST_F(RichTextEdit, ApplicationFontChanges_TheTextStaysAsItIs)
 {
     Type("word");
