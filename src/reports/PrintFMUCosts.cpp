@@ -28,22 +28,6 @@ std::string Format()
     return platform::TextOf(width) + outcome + outcome + outcome + ";";
 }
 
-void AddTitle(const c51Alternative& alternative)
-{
-    constexpr Long wholeRow = 12; // kept: more than the table has, which cuts it to its width
-    constexpr Double rule = 7.0;
-    PrintControl& printer = VSPrinter1();
-    PrintCells header(columnCount);
-    header.front() = Plain("Alternative " + alternative.Label());
-    printer.AddTable(Format(), header);
-    printer.SetTableCell(tcColSpan, 0, 1, wholeRow);
-    printer.SetTableCell(tcAlign, 0, 1, alignCenterBottom);
-    printer.SetTableCell(tcFontSize, 0, 1, 11);
-    printer.SetTableCell(tcFontBold, 0, 1, true);
-    printer.SetTableCell(tcRowBorderAbove, 0, 1, rule);
-    printer.SetTableCell(tcRowBorderBelow, 0, 1, rule);
-}
-
 void AddUnitRows()
 {
     PrintControl& printer = VSPrinter1();
@@ -93,7 +77,8 @@ void CostTables::PrintFMUCosts(c51Alternative& alternative)
     printer.SetFontSize(8.0);
     printer.SetFontBold(false);
     printer.SetTableBorder(tableBorderAll);
-    AddTitle(alternative);
+    constexpr Long wholeRow = 12; // kept: more than the table has, which cuts it to its width
+    BeginTable(Format(), columnCount, "Alternative " + alternative.Label(), wholeRow);
     AddUnitRows();
     for (const Column& column : ColumnsOf(alternative)) {
         AddHeads(column);

@@ -35,21 +35,6 @@ std::string Title(const c51Alternative& alternative)
     return State().bCostByFMU ? std::string() : "Alternative " + alternative.Label();
 }
 
-void AddTitle(const c51Alternative& alternative)
-{
-    constexpr Double rule = 7.0;
-    PrintControl& printer = VSPrinter1();
-    PrintCells header(columnCount);
-    header.front() = Plain(Title(alternative));
-    printer.AddTable(Format(), header);
-    printer.SetTableCell(tcColSpan, 0, 1, columnCount);
-    printer.SetTableCell(tcAlign, 0, 1, alignCenterBottom);
-    printer.SetTableCell(tcFontSize, 0, 1, 11);
-    printer.SetTableCell(tcFontBold, 0, 1, true);
-    printer.SetTableCell(tcRowBorderAbove, 0, 1, rule);
-    printer.SetTableCell(tcRowBorderBelow, 0, 1, rule);
-}
-
 void AddCaption(const Column& column)
 {
     PrintControl& printer = VSPrinter1();
@@ -124,7 +109,7 @@ void CostTables::PrintResourceCosts(c51Alternative& alternative, Long rows)
     printer.SetFontSize(8.0);
     printer.SetFontBold(false);
     printer.SetTableBorder(tableBorderNone);
-    AddTitle(alternative);
+    BeginTable(Format(), columnCount, Title(alternative), columnCount);
     printer.SetTableCell(tcRows, lastRow);
     printer.SetTableCell(tcRowKeepWithNext, 0, 1, lastRow - 1, true);
     for (const Column& column : ColumnsOf(alternative))

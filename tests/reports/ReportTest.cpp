@@ -59,6 +59,20 @@ std::vector<std::string> ReportTest::Lines()
     return lines;
 }
 
+std::vector<std::string> ReportTest::TenHeadings()
+{
+    return {"Situation",
+            "Decision Summary",
+            "Daily Review",
+            "Objectives",
+            "Safety Issues",
+            "Alternatives",
+            "Estimated Suppression Costs",
+            "Resource Value Losses",
+            "Safety Assessment",
+            "Decision Tree"};
+}
+
 bool ReportTest::HasLine(const std::string& line)
 {
     const std::vector<std::string> lines = Lines();

@@ -39,6 +39,8 @@ protected:
     static std::vector<std::string> LinesOfPage(Long page);
     /// Of all pages.
     static std::vector<std::string> Lines();
+    /// Of the ten sections, in their order.
+    static std::vector<std::string> TenHeadings();
     static bool HasLine(const std::string& line);
     static Long PageCount();
     /// The lines drawn on a page, from 1, as "x1 y1 x2 y2".

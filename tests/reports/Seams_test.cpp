@@ -311,17 +311,7 @@ TEST_F(Seams, TenSections_AreTenEntriesOfTheOutlineEachOnAPageOfItsOwn)
 {
     OpenSample("smith-creek");
     const auto& document = Produce(kAll);
-    EXPECT_EQ(Outline(),
-              (std::vector<std::string>{"Situation",
-                                        "Decision Summary",
-                                        "Daily Review",
-                                        "Objectives",
-                                        "Safety Issues",
-                                        "Alternatives",
-                                        "Estimated Suppression Costs",
-                                        "Resource Value Losses",
-                                        "Safety Assessment",
-                                        "Decision Tree"}));
+    EXPECT_EQ(Outline(), TenHeadings());
     std::set<Long> pages;
     for (const auto& bookmark : document.bookmarks)
         pages.insert(bookmark.page);
