@@ -119,12 +119,23 @@ void TXTextControl::Respace(std::size_t first, std::size_t last, std::size_t cou
     m_parts.insert(at(first), parts.begin(), parts.end());
 }
 
-/// The block that a place is in; the place then counts from there.
+/// Where a block begins; counted from the end, where a document grows.
+Long TXTextControl::StartOf(std::size_t block) const
+{
+    Long start = m_length;
+    for (std::size_t part = m_parts.size(); part > block; --part)
+        start -= m_parts[part - 1].length;
+    return start;
+}
+
+/// The block that a place is in; the place then counts from there. Looked for from the end as well.
 std::size_t TXTextControl::PartAt(Long& place) const
 {
-    std::size_t part = 0;
-    for (; part + 1 < m_parts.size() && place >= m_parts[part].length; ++part)
-        place -= m_parts[part].length;
+    std::size_t part = m_parts.size() - 1;
+    Long start = m_length - m_parts[part].length;
+    while (part > 0 && place < start)
+        start -= m_parts[--part].length;
+    place -= start;
     return part;
 }
 

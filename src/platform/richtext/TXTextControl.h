@@ -14,7 +14,7 @@ namespace platform::richtext {
 /// empty. Places count characters from 0 (TextRange.h); one beyond the text is its end. Rows and columns of
 /// a table begin at 1; what names no table or no cell does nothing and gives 0 or an empty text.
 ///
-/// Every step costs what the table or paragraph that it changes is long, not the document.
+/// Every step costs what the table or paragraph that it changes is long and how far it stands from the end.
 class TXTextControl
 {
 public:
@@ -110,6 +110,7 @@ private:
     void Changed(std::size_t place);
     void Respace(std::size_t first, std::size_t last, std::size_t count);
     Long End() const { return m_length - 1; } // before the end of the last paragraph
+    Long StartOf(std::size_t block) const;
     std::size_t PartAt(Long& place) const;
     template <class Blocks> TextRange<Blocks> RangeOf(Blocks& blocks) const;
     ConstRange Selected() const;

@@ -168,10 +168,7 @@ Long TXTextControl::TableCellStart(Integer id, Long row, Long column) const
     const TableCell* cell = CellOf(id, row, column);
     if (cell == nullptr) return 0;
     const std::size_t place = PlaceOf(id);
-    Long start = 1;
-    for (std::size_t i = 0; i < place; ++i)
-        start += m_parts[i].length;
-    return start + LengthBefore(*m_document.blocks[place].AsTable(), *cell);
+    return 1 + StartOf(place) + LengthBefore(*m_document.blocks[place].AsTable(), *cell);
 }
 
 Long TXTextControl::TableCellLength(Integer id, Long row, Long column) const
