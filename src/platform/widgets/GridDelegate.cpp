@@ -58,9 +58,16 @@ GridDelegate::GridDelegate(const GridModel& model, Grid* grid)
 
 int GridDelegate::RowHeight(const QFontMetrics& metrics) { return metrics.height() + Theme::Gap() + 1; }
 
-int GridDelegate::WidthFor(const QFontMetrics& metrics, const QString& text)
+/// Measured once: a grid is laid out anew with each line that goes or moves.
+int GridDelegate::WidthFor(const QString& text)
 {
-    return metrics.horizontalAdvance(text) + 2 * Padding() + 1;
+    constexpr qsizetype mostKept = 4096;
+    if (m_measuredIn != m_grid.font() || m_advances.size() >= mostKept) m_advances.clear();
+    m_measuredIn = m_grid.font();
+    auto advance = m_advances.constFind(text);
+    if (advance == m_advances.cend())
+        advance = m_advances.insert(text, m_grid.fontMetrics().horizontalAdvance(text));
+    return *advance + 2 * Padding() + 1;
 }
 
 int GridDelegate::HeightFor(const QFont& font, const QString& text, int columnWidth)

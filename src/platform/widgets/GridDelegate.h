@@ -2,6 +2,8 @@
 
 #include "platform/widgets/GridModel.h"
 
+#include <QFont>
+#include <QHash>
 #include <QStyledItemDelegate>
 
 namespace platform {
@@ -21,8 +23,8 @@ public:
 
     /// The height of a row of one line.
     static int RowHeight(const QFontMetrics& metrics);
-    /// The width that a text of one line takes.
-    static int WidthFor(const QFontMetrics& metrics, const QString& text);
+    /// The width that a text of one line takes in the grid's font.
+    int WidthFor(const QString& text);
     /// The height that a text broken into lines takes in a column.
     static int HeightFor(const QFont& font, const QString& text, int columnWidth);
 
@@ -35,6 +37,8 @@ private:
 
     const GridModel& m_model;
     Grid& m_grid;
+    QFont m_measuredIn;
+    QHash<QString, int> m_advances; // of the texts measured in that font
 };
 
 } // namespace platform

@@ -27,6 +27,11 @@ constexpr int kLongFigure = 16;   // characters; a longer entry scrolls in its e
 constexpr int kRowsWanted = 8;
 constexpr int kTurns = 3;
 
+int WidthFor(const Grid& grid, const QString& text)
+{
+    return static_cast<GridDelegate*>(grid.itemDelegate())->WidthFor(text);
+}
+
 } // namespace
 
 void Grid::Relayout()
@@ -66,9 +71,7 @@ int Grid::WrapWidth(Long column) const
 int Grid::WidthOfLongestEntry(int characters) const
 {
     const int digits = std::min(characters, kLongFigure);
-    return digits <= 0
-               ? 0
-               : GridDelegate::WidthFor(fontMetrics(), QString(digits, QLatin1Char('0'))) + Theme::Gap();
+    return digits <= 0 ? 0 : WidthFor(*this, QString(digits, QLatin1Char('0'))) + Theme::Gap();
 }
 
 Grid::ColumnWidth Grid::EmptyWidth(Long column) const
@@ -85,7 +88,7 @@ void Grid::Measure(Long row, Long column)
     ColumnWidth& width = WidthAt(column);
     const int atMost = static_cast<int>(text.size() + 1) * fontMetrics().height(); // no character is wider
     if (atMost <= width.least || columnSpan(row - FirstRow(), column) > 1) return;
-    const int needed = GridDelegate::WidthFor(fontMetrics(), text);
+    const int needed = WidthFor(*this, text);
     if (needed <= width.least) return;
     const bool figure = IsNumeric(Text(row, column));
     const int squeezed = kSqueezedText * fontMetrics().averageCharWidth();

@@ -404,8 +404,11 @@ TEST_F(GridTest, LargerFont_GrowsRowsHeadsAndColumns)
 {
     const int row = grid->rowHeight(0);
     const int head = grid->horizontalHeader()->height();
+    grid->SetText(1, 0, "An alternative");
+    const int column = grid->columnWidth(0);
     grid->setFont(Theme::Sized(grid->font(), 2));
     Settle();
+    EXPECT_GT(grid->columnWidth(0), column);
     EXPECT_GT(grid->rowHeight(0), row);
     EXPECT_GT(grid->horizontalHeader()->height(), head);
 }
