@@ -158,9 +158,10 @@ void frm0_VEXA::UnloadStartForm()
 
 void frm0_VEXA::SetStartBackground()
 {
-    // After a start with a file no start form stands yet.
-    LoadStartForm();
+    // After a start with a file no start form stands yet, and its panels are never laid out.
+    if (m_start == nullptr) m_start = new frm01Start(m_client);
     m_start->SetBackground();
+    LoadStartForm();
     m_start->lower();
 }
 
