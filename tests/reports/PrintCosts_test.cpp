@@ -57,8 +57,6 @@ std::string Words(const std::string& word, int count)
 class Costs : public support::ReportTest
 {
 protected:
-    /// In one transaction: many rows come fast.
-    void OpenFire(const std::string& sql = {}) { OpenNew("BEGIN;" + sql + "COMMIT;"); }
     static std::vector<const platform::print::FlowTable*> Tables()
     {
         std::vector<const platform::print::FlowTable*> tables;
@@ -133,7 +131,7 @@ protected:
 
 TEST_F(Costs, NoAlternatives_HeadingAlone)
 {
-    OpenFire();
+    OpenNew();
     Produce({7});
     EXPECT_EQ(PageCount(), 1);
     EXPECT_EQ(LinesOfPage(1).front(), "VEXA No. Page ___");
@@ -146,7 +144,7 @@ TEST_F(Costs, NoAlternatives_HeadingAlone)
 TEST_F(Costs, NoLandUnitOrOne_ResourceTableCarriesTheTitle)
 {
     for (const std::string& units : std::vector<std::string>{"", Unit(1, "North", "10")}) {
-        OpenFire(Alternative(1) + units);
+        OpenNew(Alternative(1) + units);
         Produce({7});
         EXPECT_EQ(RowCounts(), (std::vector<std::size_t>{4})) << units;
         PlaceOf("Alternative A. Name A");
@@ -157,7 +155,7 @@ TEST_F(Costs, NoLandUnitOrOne_ResourceTableCarriesTheTitle)
 
 TEST_F(Costs, TwoLandUnits_UnitTableCarriesTheTitleAndTheRowOfTheOtherTitleIsEmpty)
 {
-    OpenFire(Alternative(1) + Unit(1, "North", "10") + Unit(2, "South", "20"));
+    OpenNew(Alternative(1) + Unit(1, "North", "10") + Unit(2, "South", "20"));
     Produce({7});
     EXPECT_EQ(RowCounts(), (std::vector<std::size_t>{5, 4}));
     EXPECT_TRUE(ReportUtilities::State().bCostByFMU);
@@ -178,7 +176,7 @@ TEST_F(Costs, TwoLandUnits_UnitTableCarriesTheTitleAndTheRowOfTheOtherTitleIsEmp
 
 TEST_F(Costs, FileOfOneLandUnitBehindOneOfTwo_KeepsTheUnitTableAndTheEmptyTitle)
 {
-    OpenFire(Alternative(1) + Unit(1, "North", "10") + Unit(2, "South", "20"));
+    OpenNew(Alternative(1) + Unit(1, "North", "10") + Unit(2, "South", "20"));
     Produce({7});
     Open(MakeFile(Alternative(1) + Unit(4, "Alone", "30"), "Other.qel"));
     Produce({7});
@@ -195,7 +193,7 @@ TEST_F(Costs, FileOfOneLandUnitBehindOneOfTwo_KeepsTheUnitTableAndTheEmptyTitle)
 
 TEST_F(Costs, ResourcesUsed_StaysTrueInTheSession)
 {
-    OpenFire(Alternative(1));
+    OpenNew(Alternative(1));
     Produce({7});
     EXPECT_FALSE(ReportUtilities::State().bResourcesUsed);
     Open(MakeFile(Alternative(1) + Uses(kExtremeKey, 1), "Other.qel"));
@@ -210,8 +208,8 @@ TEST_F(Costs, ResourcesUsed_StaysTrueInTheSession)
 
 TEST_F(Costs, UnitTable_ColumnsStandToTheTwipInAllRules)
 {
-    OpenFire(Alternative(1, "FireSize = 7") + Unit(1, "North", "10.5") + Unit(2, "South", "20") +
-             Portion(TargetKey(1), 1, 3) + Portion(TargetKey(1), 2, 1));
+    OpenNew(Alternative(1, "FireSize = 7") + Unit(1, "North", "10.5") + Unit(2, "South", "20") +
+            Portion(TargetKey(1), 1, 3) + Portion(TargetKey(1), 2, 1));
     Produce({7});
     EXPECT_EQ(Placed("North").x, 780.0);
     EXPECT_EQ(RightEnd("55"), 6060.0); // 10.5 x 75 x 7 / 100 = 55.125
@@ -232,7 +230,7 @@ TEST_F(Costs, UnitTable_ColumnsStandToTheTwipInAllRules)
 
 TEST_F(Costs, UnitTitle_TwelveColumnsAreCutToTheTablesTen)
 {
-    OpenFire(Alternative(1) + Unit(1, "North", "10") + Unit(2, "South", "20"));
+    OpenNew(Alternative(1) + Unit(1, "North", "10") + Unit(2, "South", "20"));
     Produce({7});
     const auto& rows = Tables().front()->table.rows;
     ASSERT_EQ(rows[0].cells.size(), 1u);
@@ -242,7 +240,7 @@ TEST_F(Costs, UnitTitle_TwelveColumnsAreCutToTheTablesTen)
 
 TEST_F(Costs, UnitTable_OnA4TakesAQuarterToTheEvenTwip)
 {
-    OpenFire(Alternative(1) + Unit(1, "North", "10") + Unit(2, "South", "20"));
+    OpenNew(Alternative(1) + Unit(1, "North", "10") + Unit(2, "South", "20"));
     UseA4();
     Produce({7});
     std::vector<Long> widths;
@@ -254,7 +252,7 @@ TEST_F(Costs, UnitTable_OnA4TakesAQuarterToTheEvenTwip)
 
 TEST_F(Costs, ResourceTable_ColumnsStandToTheTwip)
 {
-    OpenFire(Alternative(1) + Uses(TargetKey(1), 1) + Uses(kExtremeKey, 3));
+    OpenNew(Alternative(1) + Uses(TargetKey(1), 1) + Uses(kExtremeKey, 3));
     Produce({7});
     EXPECT_EQ(Placed("Target Outcome").x, 780.0);
     EXPECT_EQ(RightEnd("1001"), 1260.0);
@@ -271,7 +269,7 @@ TEST_F(Costs, ResourceTable_ColumnsStandToTheTwip)
 
 TEST_F(Costs, ResourceTable_OnA4TakesAThird)
 {
-    OpenFire(Alternative(1) + Uses(TargetKey(1), 1));
+    OpenNew(Alternative(1) + Uses(TargetKey(1), 1));
     UseA4();
     Produce({7});
     std::vector<Long> widths;
@@ -283,7 +281,7 @@ TEST_F(Costs, ResourceTable_OnA4TakesAThird)
 
 TEST_F(Costs, ResourceTable_HasRulesAtItsTitleAlone)
 {
-    OpenFire(Alternative(1) + Uses(TargetKey(1), 2));
+    OpenNew(Alternative(1) + Uses(TargetKey(1), 2));
     Produce({7});
     const auto lines = DrawnLines(1);
     ASSERT_EQ(lines.size(), 3u); // the last is that of the running header
@@ -294,7 +292,7 @@ TEST_F(Costs, ResourceTable_HasRulesAtItsTitleAlone)
 
 TEST_F(Costs, Fonts_AreThoseOfTitleCaptionsRowsAndCosts)
 {
-    OpenFire(Alternative(1) + Uses(TargetKey(1), 1) + Unit(1, "North", "10") + Unit(2, "South", "20"));
+    OpenNew(Alternative(1) + Uses(TargetKey(1), 1) + Unit(1, "North", "10") + Unit(2, "South", "20"));
     const auto& document = Produce({7});
     const auto look = [&](const std::string& text) {
         const auto& format = document.looks.at(static_cast<std::size_t>(Placed(text).look));
@@ -313,7 +311,7 @@ TEST_F(Costs, Fonts_AreThoseOfTitleCaptionsRowsAndCosts)
 
 TEST_F(Costs, NoResourceUses_CaptionsCostAndBasisMakeThreeRows)
 {
-    OpenFire(Alternative(1));
+    OpenNew(Alternative(1));
     Produce({7});
     EXPECT_EQ(RowCounts(), (std::vector<std::size_t>{4})); // and the title
     EXPECT_EQ(
@@ -348,7 +346,7 @@ TEST_F(Costs, NoResourceUses_CaptionsCostAndBasisMakeThreeRows)
 
 TEST_F(Costs, CostRow_HasSixtyAboveItAndNoOtherRowHas)
 {
-    OpenFire(Alternative(1) + Uses(TargetKey(1), 2));
+    OpenNew(Alternative(1) + Uses(TargetKey(1), 2));
     Produce({7});
     std::vector<Double> spacings;
     for (const auto& rules : Tables().front()->rules)
@@ -358,7 +356,7 @@ TEST_F(Costs, CostRow_HasSixtyAboveItAndNoOtherRowHas)
 
 TEST_F(Costs, RowsOfBothTables_AreKeptTogether)
 {
-    OpenFire(Alternative(1) + Uses(TargetKey(1), 1) + Unit(1, "North", "10") + Unit(2, "South", "20"));
+    OpenNew(Alternative(1) + Uses(TargetKey(1), 1) + Unit(1, "North", "10") + Unit(2, "South", "20"));
     Produce({7});
     for (const auto* table : Tables()) {
         // That of the land units has the mark on its last row too.
@@ -370,7 +368,7 @@ TEST_F(Costs, RowsOfBothTables_AreKeptTogether)
 
 TEST_F(Costs, TableThatDoesNotFit_GoesToTheNextPageWhole)
 {
-    OpenFire(Alternative(1) + Alternative(2) + Uses(TargetKey(1), 40) + Uses(TargetKey(2), 30));
+    OpenNew(Alternative(1) + Alternative(2) + Uses(TargetKey(1), 40) + Uses(TargetKey(2), 30));
     Produce({7});
     EXPECT_EQ(PageCount(), 2);
     EXPECT_EQ(PlaceOf("Alternative A. Name A").page, 1);
@@ -385,8 +383,8 @@ TEST_F(Costs, TableThatDoesNotFit_GoesToTheNextPageWhole)
 
 TEST_F(Costs, FallbackShown_StandsInTheMiddle)
 {
-    OpenFire(Alternative(1, "FireSize = 100", "Success = 30, FireSize = 200") +
-             Uses(firesql::FallbackKey(1), 1) + Unit(1, "North", "10") + Unit(2, "South", "20"));
+    OpenNew(Alternative(1, "FireSize = 100", "Success = 30, FireSize = 200") +
+            Uses(firesql::FallbackKey(1), 1) + Unit(1, "North", "10") + Unit(2, "South", "20"));
     Produce({7});
     EXPECT_EQ(
         UnitRows(2),
@@ -400,8 +398,8 @@ TEST_F(Costs, FallbackShown_StandsInTheMiddle)
 
 TEST_F(Costs, FallbackNotShown_ItsColumnsStayEmpty)
 {
-    OpenFire(Alternative(1, "FireSize = 100", "FireSize = 200") + Unit(1, "North", "10") +
-             Unit(2, "South", "20"));
+    OpenNew(Alternative(1, "FireSize = 100", "FireSize = 200") + Unit(1, "North", "10") +
+            Unit(2, "South", "20"));
     Produce({7});
     EXPECT_EQ(UnitRows(1),
               (std::vector<Cells>{{"FMU", "%", "$/acre", "Cost", "", "", "", "%", "$/acre", "Cost"},
@@ -412,7 +410,7 @@ TEST_F(Costs, FallbackNotShown_ItsColumnsStayEmpty)
 
 TEST_F(Costs, LinesOfAFallbackNotShown_LeaveAsManyRowsEmpty)
 {
-    OpenFire(Alternative(1) + Uses(firesql::FallbackKey(1), 5) + Uses(TargetKey(1), 2));
+    OpenNew(Alternative(1) + Uses(firesql::FallbackKey(1), 5) + Uses(TargetKey(1), 2));
     EXPECT_EQ(CostTables::MaxSRUses(*g51Alternatives::Alternative(1)), 5);
     Produce({7});
     EXPECT_EQ(RowCounts(), (std::vector<std::size_t>{9}));
@@ -422,7 +420,7 @@ TEST_F(Costs, LinesOfAFallbackNotShown_LeaveAsManyRowsEmpty)
 TEST_F(Costs, MaxSRUses_IsTheGreatestOfTheThree)
 {
     for (const Long outcome : {TargetKey(1), firesql::FallbackKey(1), kExtremeKey}) {
-        OpenFire(Alternative(1) + Uses(outcome, 3));
+        OpenNew(Alternative(1) + Uses(outcome, 3));
         EXPECT_EQ(CostTables::MaxSRUses(*g51Alternatives::Alternative(1)), 3) << outcome;
     }
 }
@@ -431,9 +429,9 @@ TEST_F(Costs, MaxSRUses_IsTheGreatestOfTheThree)
 
 TEST_F(Costs, Percent_IsThatOfTheUnitsPlaceWhateverItsKey)
 {
-    OpenFire(Alternative(1, "FireSize = 100") + Unit(7, "North", "10") + Unit(9, "South", "20") +
-             Unit(40, "West", "0.1") + Portion(TargetKey(1), 7, 1) + Portion(TargetKey(1), 9, 2) +
-             Portion(TargetKey(1), 40, 5));
+    OpenNew(Alternative(1, "FireSize = 100") + Unit(7, "North", "10") + Unit(9, "South", "20") +
+            Unit(40, "West", "0.1") + Portion(TargetKey(1), 7, 1) + Portion(TargetKey(1), 9, 2) +
+            Portion(TargetKey(1), 40, 5));
     Produce({7});
     const auto rows = UnitRows(3);
     EXPECT_EQ(Cells(rows[1].begin(), rows[1].begin() + 4), (Cells{"North", "12", "10", "120"}));
@@ -443,10 +441,10 @@ TEST_F(Costs, Percent_IsThatOfTheUnitsPlaceWhateverItsKey)
 
 TEST_F(Costs, Rate_IsThatOfTheWholeFiresSize)
 {
-    OpenFire(Alternative(1, "FireSize = 1000") + Unit(1, "North", "0") + Unit(2, "South", "0") +
-             "UPDATE SuppressionPerAcreCost SET TopSize = 600, Cost = 10 WHERE FMZKey = 1;"
-             "INSERT INTO SuppressionPerAcreCost VALUES (1, 2, 0, 4);" +
-             Portion(TargetKey(1), 1, 1) + Portion(TargetKey(1), 2, 1));
+    OpenNew(Alternative(1, "FireSize = 1000") + Unit(1, "North", "0") + Unit(2, "South", "0") +
+            "UPDATE SuppressionPerAcreCost SET TopSize = 600, Cost = 10 WHERE FMZKey = 1;"
+            "INSERT INTO SuppressionPerAcreCost VALUES (1, 2, 0, 4);" +
+            Portion(TargetKey(1), 1, 1) + Portion(TargetKey(1), 2, 1));
     Produce({7});
     const Cells row = UnitRows(1)[1];
     EXPECT_EQ(Cells(row.begin(), row.begin() + 4), (Cells{"North", "50", "4", "2000"}));
@@ -455,24 +453,24 @@ TEST_F(Costs, Rate_IsThatOfTheWholeFiresSize)
 TEST_F(Costs, Cost_IsCountedInDoubleFromTheSizesText)
 {
     // As a single the size is 0.100000001490116, and the cost would end in 1.
-    OpenFire(Alternative(1, "FireSize = 0.1") + Unit(1, "North", "1000000000") + Unit(2, "South", "0") +
-             Portion(TargetKey(1), 1, 1));
+    OpenNew(Alternative(1, "FireSize = 0.1") + Unit(1, "North", "1000000000") + Unit(2, "South", "0") +
+            Portion(TargetKey(1), 1, 1));
     Produce({7});
     EXPECT_EQ(UnitRows(1)[1][3], "100000000");
     // No single holds 33 percent of this.
-    OpenFire(Alternative(1, "FireSize = 16777215") + Unit(1, "North", "1") + Unit(2, "South", "0") +
-             Portion(TargetKey(1), 1, 33) + Portion(TargetKey(1), 2, 67));
+    OpenNew(Alternative(1, "FireSize = 16777215") + Unit(1, "North", "1") + Unit(2, "South", "0") +
+            Portion(TargetKey(1), 1, 33) + Portion(TargetKey(1), 2, 67));
     Produce({7});
     EXPECT_EQ(UnitRows(1)[1][3], "5536481"); // 5536480.95
-    OpenFire(Alternative(1, "FireSize = 16777213") + Unit(1, "North", "123") + Unit(2, "South", "0") +
-             Portion(TargetKey(1), 1, 1));
+    OpenNew(Alternative(1, "FireSize = 16777213") + Unit(1, "North", "123") + Unit(2, "South", "0") +
+            Portion(TargetKey(1), 1, 1));
     Produce({7});
     EXPECT_EQ(UnitRows(1)[1][3], "2063597199");
 }
 
 TEST_F(Costs, Cost_RoundsHalvesAwayFromZero)
 {
-    OpenFire(Alternative(1, "FireSize = 1") + Unit(1, "North", "1") + Unit(2, "South", "5"));
+    OpenNew(Alternative(1, "FireSize = 1") + Unit(1, "North", "1") + Unit(2, "South", "5"));
     Produce({7});
     EXPECT_EQ(UnitRows(2)[1][3], "1"); // 0.5
     EXPECT_EQ(UnitRows(2)[2][3], "3"); // 2.5
@@ -481,8 +479,8 @@ TEST_F(Costs, Cost_RoundsHalvesAwayFromZero)
 TEST_F(Costs, FireSizesOfOddText_CountAsTheModelReadsThem)
 {
     for (const char* stored : {"''", "'1,500'", "'abc'", "NULL", "'12.5'", "-4"}) {
-        OpenFire(Alternative(1, std::string("FireSize = ") + stored) + Unit(1, "North", "2") +
-                 Unit(2, "South", "0") + Portion(TargetKey(1), 1, 1));
+        OpenNew(Alternative(1, std::string("FireSize = ") + stored) + Unit(1, "North", "2") +
+                Unit(2, "South", "0") + Portion(TargetKey(1), 1, 1));
         const auto target = g51Alternatives::Alternative(1)->Outcome(1);
         const std::string cost = platform::Format(2.0 * platform::NumberOf(target->FireSize()), "0");
         Produce({7});
@@ -492,7 +490,7 @@ TEST_F(Costs, FireSizesOfOddText_CountAsTheModelReadsThem)
 
 TEST_F(Costs, FireSizesTyped_CountAsTheModelTakesThem)
 {
-    OpenFire(Alternative(1) + Unit(1, "North", "2") + Unit(2, "South", "0") + Portion(TargetKey(1), 1, 1));
+    OpenNew(Alternative(1) + Unit(1, "North", "2") + Unit(2, "South", "0") + Portion(TargetKey(1), 1, 1));
     const auto target = g51Alternatives::Alternative(1)->Outcome(1);
     target->SetFireSize("1,500");
     Produce({7});
@@ -517,7 +515,7 @@ TEST_F(Costs, BasisByCostSource_HasItsWords)
         {"-1", ""},
     };
     for (const auto& [source, words] : cases) {
-        OpenFire(Alternative(1, "CostRationale = 'As we know it', CostSource = " + source));
+        OpenNew(Alternative(1, "CostRationale = 'As we know it', CostSource = " + source));
         Produce({7});
         EXPECT_EQ(BasisOfTarget(), words) << source;
     }
@@ -525,11 +523,11 @@ TEST_F(Costs, BasisByCostSource_HasItsWords)
 
 TEST_F(Costs, Cost_IsTheEstimateOfEachOutcome)
 {
-    OpenFire(Alternative(1,
-                         "CostSource = 8, AdjustedCost = 1234567.5",
-                         "Success = 10, CostSource = 4, ContainTime = 3, DailyContainCost = 1000, "
-                         "ControlTime = 10, DailyControlCost = 500") +
-             firesql::SetOutcome(kExtremeKey, "CostSource = 8, AdjustedCost = -20"));
+    OpenNew(Alternative(1,
+                        "CostSource = 8, AdjustedCost = 1234567.5",
+                        "Success = 10, CostSource = 4, ContainTime = 3, DailyContainCost = 1000, "
+                        "ControlTime = 10, DailyControlCost = 500") +
+            firesql::SetOutcome(kExtremeKey, "CostSource = 8, AdjustedCost = -20"));
     Produce({7});
     EXPECT_EQ(ResourceRows().front(),
               (Cells{"Estimated suppression cost: $1,234,568",
@@ -548,19 +546,19 @@ TEST_F(Costs, Cost_IsTheEstimateOfEachOutcome)
 
 TEST_F(Costs, CostRationale_IsRichOnlyWhereItBeginsSo)
 {
-    OpenFire(Alternative(1, "CostSource = 8, CostRationale = '{\\b a|b;} \\par'"));
+    OpenNew(Alternative(1, "CostSource = 8, CostRationale = '{\\b a|b;} \\par'"));
     Produce({7});
     PlaceOf("{\\b a|b;} \\par");
-    OpenFire(Alternative(1, "CostSource = 8, CostRationale = '{\\rtf1 rich {\\b words}\\par }'"));
+    OpenNew(Alternative(1, "CostSource = 8, CostRationale = '{\\rtf1 rich {\\b words}\\par }'"));
     Produce({7});
     EXPECT_TRUE(HasLine("rich words Historic average cost per acre"));
 }
 
 TEST_F(Costs, MarksInNames_AreCharacters)
 {
-    OpenFire(Alternative(1) + Uses(TargetKey(1), 1) + Unit(1, "a|b; {\\b c}", "1") + Unit(2, "South", "2") +
-             "UPDATE SRTypes SET ShortName = 'x|y;', UnitName = '{\\i z}' WHERE ItemKey = 1;"
-             "UPDATE Items SET Heading = '{\\b x} a|b;' WHERE ItemKey = 1;");
+    OpenNew(Alternative(1) + Uses(TargetKey(1), 1) + Unit(1, "a|b; {\\b c}", "1") + Unit(2, "South", "2") +
+            "UPDATE SRTypes SET ShortName = 'x|y;', UnitName = '{\\i z}' WHERE ItemKey = 1;"
+            "UPDATE Items SET Heading = '{\\b x} a|b;' WHERE ItemKey = 1;");
     Produce({7});
     PlaceOf("a|b; {\\b c}");
     PlaceOf("Alternative A. {\\b x} a|b;");
@@ -583,7 +581,7 @@ TEST_F(Costs, FortyAlternatives_AllHaveTheirTables)
                    Text(1000 * key + index) + ");";
         }
     }
-    OpenFire(sql);
+    OpenNew(sql);
     Produce({7});
     EXPECT_EQ(RowCounts().size(), 40u);
     for (Long key = 1; key <= 40; ++key) {
@@ -600,10 +598,10 @@ TEST_F(Costs, FortyAlternatives_AllHaveTheirTables)
 TEST_F(Costs, NamesOf300Characters_WrapWithinTheirColumns)
 {
     const std::string unit = Words("unit", 45).substr(0, 300), type = Words("type", 45).substr(0, 300);
-    OpenFire(Alternative(1) + Uses(TargetKey(1), 1) + Unit(1, unit, "1") +
-             Unit(2, std::string(300, 'W'), "2") + "UPDATE SRTypes SET ShortName = '" + type +
-             "', UnitName = '" + std::string(300, 'M') + "' WHERE ItemKey = 1; UPDATE Items SET Heading = '" +
-             Words("title", 40) + "' WHERE ItemKey = 1;");
+    OpenNew(Alternative(1) + Uses(TargetKey(1), 1) + Unit(1, unit, "1") +
+            Unit(2, std::string(300, 'W'), "2") + "UPDATE SRTypes SET ShortName = '" + type +
+            "', UnitName = '" + std::string(300, 'M') + "' WHERE ItemKey = 1; UPDATE Items SET Heading = '" +
+            Words("title", 40) + "' WHERE ItemKey = 1;");
     Produce({7});
     const auto column = [](Double left, Double right) {
         const auto rows =
@@ -628,7 +626,7 @@ TEST_F(Costs, NamesOf300Characters_WrapWithinTheirColumns)
 TEST_F(Costs, BasisLongerThanAPage_ComesThroughWhole)
 {
     const std::string rationale = Words("because", 2000);
-    OpenFire(Alternative(1, "CostSource = 8, CostRationale = '" + rationale + "'") + Alternative(2));
+    OpenNew(Alternative(1, "CostSource = 8, CostRationale = '" + rationale + "'") + Alternative(2));
     Produce({7});
     EXPECT_GT(PageCount(), 2);
     const auto rows =
@@ -641,7 +639,7 @@ TEST_F(Costs, BasisLongerThanAPage_ComesThroughWhole)
 
 TEST_F(Costs, ThreeHundredLines_NoneIsLostThoughAllAreToStayTogether)
 {
-    OpenFire(Alternative(1) + Uses(TargetKey(1), 300) + Alternative(2));
+    OpenNew(Alternative(1) + Uses(TargetKey(1), 300) + Alternative(2));
     Produce({7});
     EXPECT_GT(PageCount(), 3);
     Place last;
@@ -662,7 +660,7 @@ TEST_F(Costs, ThreeHundredLandUnits_NoneIsLost)
     std::string units;
     for (Long key = 1; key <= 300; ++key)
         units += Unit(key, "Unit " + Text(key), Text(key));
-    OpenFire(Alternative(1, "FireSize = 1000") + units);
+    OpenNew(Alternative(1, "FireSize = 1000") + units);
     Produce({7});
     for (Long key = 1; key <= 300; ++key)
         PlaceOf("Unit " + Text(key));
@@ -671,8 +669,8 @@ TEST_F(Costs, ThreeHundredLandUnits_NoneIsLost)
 
 TEST_F(Costs, Export_HasBothTablesAndEveryFigure)
 {
-    OpenFire(Alternative(1, "FireSize = 100, CostSource = 8, AdjustedCost = 98765") + Uses(TargetKey(1), 2) +
-             Unit(1, "North", "13") + Unit(2, "South", "17"));
+    OpenNew(Alternative(1, "FireSize = 100, CostSource = 8, AdjustedCost = 98765") + Uses(TargetKey(1), 2) +
+            Unit(1, "North", "13") + Unit(2, "South", "17"));
     Select({7});
     ReportRun::SaveSelectedSections(folder.File("out.rtf"));
     const std::string rtf = support::ReadFile(folder.File("out.rtf"));

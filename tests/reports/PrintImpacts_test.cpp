@@ -93,8 +93,6 @@ std::string Repeated(const std::string& text, int count)
 class Impacts : public support::ReportTest
 {
 protected:
-    /// In one go: a file of many rows is slow to write row by row.
-    void OpenFire(const std::string& sql) { OpenNew("BEGIN;" + sql + "COMMIT;"); }
     static const platform::print::Page& PageAt(Long page)
     {
         return Printer().Pages().pages.at(static_cast<std::size_t>(page) - 1);
@@ -279,7 +277,7 @@ TEST_F(Impacts, ImpactLayout_RowsOnBothSidesOfEachStep_GiveTheirCode)
                                      {28, 19},
                                      {60, 19}};
     for (const auto& [rows, code] : codes) {
-        OpenFire(Items(rows));
+        OpenNew(Items(rows));
         EXPECT_EQ(ImpactTable::ImpactLayout(), code) << rows;
     }
 }
@@ -298,31 +296,31 @@ TEST_F(Impacts, ImpactLayout_NameOf36Characters_CountsTwiceAndOf35Once)
                            Case{Repeated("\u00E9", 36), 48},
                            Case{Repeated("\u2014", 35), 49},
                            Case{std::string(200, 'i'), 48}}) {
-        OpenFire(seven + Item(8, at.name));
+        OpenNew(seven + Item(8, at.name));
         EXPECT_EQ(ImpactTable::ImpactLayout(), at.code) << at.name;
     }
 }
 
 TEST_F(Impacts, ImpactLayout_ResourcesOfAValue_CountBesideTheItems)
 {
-    OpenFire(Items(8));
+    OpenNew(Items(8));
     EXPECT_EQ(ImpactTable::ImpactLayout(), 49);
-    OpenFire(Items(8) + Resource(14, "-1"));
+    OpenNew(Items(8) + Resource(14, "-1"));
     EXPECT_EQ(ImpactTable::ImpactLayout(), 48);
     std::string all;
     for (Long resource = 1; resource <= 14; ++resource)
         all += Resource(resource, "-1");
-    OpenFire(all);
+    OpenNew(all);
     EXPECT_EQ(ImpactTable::ImpactLayout(), 38);
-    OpenFire(all + Items(2));
+    OpenNew(all + Items(2));
     EXPECT_EQ(ImpactTable::ImpactLayout(), 29);
 }
 
 TEST_F(Impacts, ImpactLayout_ResourceOfGainsAlone_CountsWhereGainsDo)
 {
-    OpenFire(Items(8) + Resource(3, "5"));
+    OpenNew(Items(8) + Resource(3, "5"));
     EXPECT_EQ(ImpactTable::ImpactLayout(), 49);
-    OpenFire(Items(8) + Resource(3, "5") + Gains("Yes"));
+    OpenNew(Items(8) + Resource(3, "5") + Gains("Yes"));
     EXPECT_EQ(ImpactTable::ImpactLayout(), 48);
 }
 
@@ -346,7 +344,7 @@ TEST_P(Adjustments, EveryLayout_PlacesTheTablesInTheirBandsAndSize)
     const Long count = GetParam();
     for (const auto& [code, layout] : used.at(count)) {
         SCOPED_TRACE(code);
-        OpenFire(Alternatives(count) + Items(rowsOf.at(code)));
+        OpenNew(Alternatives(count) + Items(rowsOf.at(code)));
         ASSERT_EQ(ImpactTable::ImpactLayout(), code);
         Produce({8});
         const Long perPage = layout / 10, size = layout % 10;
@@ -363,7 +361,7 @@ TEST_F(Impacts, FullestTableOfEachLayout_EndsWithinItsBand)
 {
     for (const Long rows : {8, 10, 13, 15, 24, 27}) {
         SCOPED_TRACE(rows);
-        OpenFire(Alternatives(7) + Items(rows));
+        OpenNew(Alternatives(7) + Items(rows));
         Produce({8});
         const Long perPage = ImpactTable::ImpactLayout() / 10;
         EXPECT_EQ(Tops(), TopsFor(7, perPage));
@@ -390,7 +388,7 @@ TEST_F(Impacts, Heading_GainsCountedOrNot_SaysSo)
                            Case{Gains("No"), "Resource Value Losses"},
                            Case{Gains("Yes"), "Impact on Resource Values"},
                            Case{Gains("yes"), "Resource Value Losses"}}) {
-        OpenFire(Alternatives(1) + at.property);
+        OpenNew(Alternatives(1) + at.property);
         const auto& document = Produce({8});
         ASSERT_EQ(document.bookmarks.size(), 1u);
         EXPECT_EQ(document.bookmarks.front().title, at.heading) << at.property;
@@ -407,7 +405,7 @@ TEST_F(Impacts, Heading_NothingSaidOfGains_WritesThePresetDown)
 
 TEST_F(Impacts, Notes_StandBelowTheHeadingAndAboveTheFirstBand)
 {
-    OpenFire(Alternatives(1) + Items(3));
+    OpenNew(Alternatives(1) + Items(3));
     Produce({8});
     const std::string first = "Note: Outcome values, including totals, are rounded to 3 significant digits "
                               "counting from the left.";
@@ -424,7 +422,7 @@ TEST_F(Impacts, Notes_StandBelowTheHeadingAndAboveTheFirstBand)
 
 TEST_F(Impacts, NoAlternatives_HeadingAndNotesAlone)
 {
-    OpenFire(Items(3));
+    OpenNew(Items(3));
     Produce({8});
     EXPECT_EQ(PageCount(), 1);
     EXPECT_EQ(LinesOfPage(1).size(), 4u); // with the running header
@@ -435,9 +433,9 @@ TEST_F(Impacts, NoAlternatives_HeadingAndNotesAlone)
 
 TEST_F(Impacts, Columns_StandInTheirWidthsToTheTwip)
 {
-    OpenFire(Alternatives(1) + Items(1) + Set(TargetKey(1), "FireSize = 10") +
-             Set(FallbackKey(1), "Success = 40") + Loss(TargetKey(1), 1, "1100") +
-             Loss(FallbackKey(1), 1, "2200") + Loss(kExtreme, 1, "3300"));
+    OpenNew(Alternatives(1) + Items(1) + Set(TargetKey(1), "FireSize = 10") +
+            Set(FallbackKey(1), "Success = 40") + Loss(TargetKey(1), 1, "1100") +
+            Loss(FallbackKey(1), 1, "2200") + Loss(kExtreme, 1, "3300"));
     Produce({8});
     EXPECT_EQ(EdgesOf("Item").first, 780);
     EXPECT_EQ(EdgesOf("Item 1").first, 780);
@@ -455,7 +453,7 @@ TEST_F(Impacts, Columns_StandInTheirWidthsToTheTwip)
 
 TEST_F(Impacts, Rules_PartTheRowsAndTheColumns)
 {
-    OpenFire(Alternatives(1) + Items(2));
+    OpenNew(Alternatives(1) + Items(2));
     Produce({8});
     std::vector<Double> across;
     std::vector<long> down;
@@ -475,7 +473,7 @@ TEST_F(Impacts, Rules_PartTheRowsAndTheColumns)
 
 TEST_F(Impacts, Heads_BeginFourHundredBelowTheBandAndAreBold)
 {
-    OpenFire(Alternatives(1) + Items(1));
+    OpenNew(Alternatives(1) + Items(1));
     Produce({8});
     Double top = 15840.0;
     for (const auto& line : PageAt(1).ink.lines) {
@@ -489,7 +487,7 @@ TEST_F(Impacts, Heads_BeginFourHundredBelowTheBandAndAreBold)
 
 TEST_F(Impacts, Banner_HoldsTheLabelBetweenItsRules)
 {
-    OpenFire(Alternatives(1));
+    OpenNew(Alternatives(1));
     Produce({8});
     const Place place = PlaceOf("Alternative A1. Plan");
     EXPECT_GT(place.y, 2040.0);
@@ -500,8 +498,8 @@ TEST_F(Impacts, Banner_HoldsTheLabelBetweenItsRules)
 
 TEST_F(Impacts, MarksInNamesAndLabels_AreCharacters)
 {
-    OpenFire(Alternatives(1) + Item(1, "Fence|gate; {\\b 4} %d") +
-             "UPDATE Items SET Heading = '{\\b x}|y;' WHERE ItemKey = 1001;");
+    OpenNew(Alternatives(1) + Item(1, "Fence|gate; {\\b 4} %d") +
+            "UPDATE Items SET Heading = '{\\b x}|y;' WHERE ItemKey = 1001;");
     Produce({8});
     PlaceOf("Alternative A1. {\\b x}|y;");
     EXPECT_EQ(OneTable().at(1).at(0), "Fence|gate; {\\b 4} %d");
@@ -509,7 +507,7 @@ TEST_F(Impacts, MarksInNamesAndLabels_AreCharacters)
 
 TEST_F(Impacts, Resources_StandInTheirOrderAboveTheItems)
 {
-    OpenFire(Alternatives(1) + Items(2) + Resource(12, "-1") + Resource(1, "-2") + Resource(5, "-3"));
+    OpenNew(Alternatives(1) + Items(2) + Resource(12, "-1") + Resource(1, "-2") + Resource(5, "-3"));
     Produce({8});
     Cells names;
     for (const Cells& row : OneTable())
@@ -528,8 +526,8 @@ TEST_F(Impacts, Resources_StandInTheirOrderAboveTheItems)
 
 TEST_F(Impacts, SureTarget_CutsOffFallbackAndExtremeInEveryRow)
 {
-    OpenFire(Alternatives(1) + Items(2) + Resource(1, "-2") + Set(TargetKey(1), "Success = 100") +
-             Set(FallbackKey(1), "Success = 30") + Loss(TargetKey(1), 2, "700"));
+    OpenNew(Alternatives(1) + Items(2) + Resource(1, "-2") + Set(TargetKey(1), "Success = 100") +
+            Set(FallbackKey(1), "Success = 30") + Loss(TargetKey(1), 2, "700"));
     Produce({8});
     const std::vector<Cells> rows = OneTable();
     ASSERT_EQ(rows.size(), 5u);
@@ -544,7 +542,7 @@ TEST_F(Impacts, SureTarget_CutsOffFallbackAndExtremeInEveryRow)
 
 TEST_F(Impacts, SureTargetWithoutFallback_IsCutOffUnderAnEmptyHead)
 {
-    OpenFire(Alternatives(1) + Items(1) + Set(TargetKey(1), "Success = 100"));
+    OpenNew(Alternatives(1) + Items(1) + Set(TargetKey(1), "Success = 100"));
     Produce({8});
     EXPECT_EQ(OneTable().at(0).at(2), "");
     EXPECT_EQ(OneTable().at(1), (Cells{"Item 1", "0", "n/a", "n/a", ""}));
@@ -552,7 +550,7 @@ TEST_F(Impacts, SureTargetWithoutFallback_IsCutOffUnderAnEmptyHead)
 
 TEST_F(Impacts, NoFallback_ColumnIsBlankAndItsHeadToo)
 {
-    OpenFire(Alternatives(1) + Items(1) + Loss(TargetKey(1), 1, "100") + Loss(kExtreme, 1, "900"));
+    OpenNew(Alternatives(1) + Items(1) + Loss(TargetKey(1), 1, "100") + Loss(kExtreme, 1, "900"));
     Produce({8});
     EXPECT_EQ(OneTable(),
               (std::vector<Cells>{{"Item", "Target Outcome", "", "Extreme Case Outcome", "Expected Impact"},
@@ -562,8 +560,8 @@ TEST_F(Impacts, NoFallback_ColumnIsBlankAndItsHeadToo)
 
 TEST_F(Impacts, SureFallback_CutsOffTheExtremeAlone)
 {
-    OpenFire(Alternatives(1) + Items(1) + Set(FallbackKey(1), "Success = 100") +
-             Loss(FallbackKey(1), 1, "300") + Loss(kExtreme, 1, "900"));
+    OpenNew(Alternatives(1) + Items(1) + Set(FallbackKey(1), "Success = 100") +
+            Loss(FallbackKey(1), 1, "300") + Loss(kExtreme, 1, "900"));
     Produce({8});
     EXPECT_EQ(OneTable().at(1), (Cells{"Item 1", "0", "300", "n/a", ""}));
     EXPECT_EQ(OneTable().at(2).at(3), "n/a");
@@ -571,7 +569,7 @@ TEST_F(Impacts, SureFallback_CutsOffTheExtremeAlone)
 
 TEST_F(Impacts, HiddenFallbackThatWasSure_IsForgottenAndTheExtremeStands)
 {
-    OpenFire(Alternatives(1) + Items(1) + Set(FallbackKey(1), "Success = 100") + Loss(kExtreme, 1, "900"));
+    OpenNew(Alternatives(1) + Items(1) + Set(FallbackKey(1), "Success = 100") + Loss(kExtreme, 1, "900"));
     g51Alternatives::AlternativeCollection().At(1)->Outcome(2)->SetbShow(false);
     Produce({8});
     EXPECT_EQ(OneTable().at(1), (Cells{"Item 1", "0", "", "900", ""}));
@@ -579,8 +577,8 @@ TEST_F(Impacts, HiddenFallbackThatWasSure_IsForgottenAndTheExtremeStands)
 
 TEST_F(Impacts, SuccessOf99_CutsOffNothing)
 {
-    OpenFire(Alternatives(1) + Items(1) + Set(TargetKey(1), "Success = 99") +
-             Set(FallbackKey(1), "Success = 99"));
+    OpenNew(Alternatives(1) + Items(1) + Set(TargetKey(1), "Success = 99") +
+            Set(FallbackKey(1), "Success = 99"));
     Produce({8});
     EXPECT_EQ(OneTable().at(1), (Cells{"Item 1", "0", "0", "0", ""}));
 }
@@ -606,7 +604,7 @@ TEST_F(Impacts, ItemLosses_AreRoundedToThreeDigitsWithTiesToEven)
     std::string sql = Alternatives(1) + Items(count);
     for (Long place = 1; place <= count; ++place)
         sql += Loss(TargetKey(1), place, cases[static_cast<std::size_t>(place) - 1].first);
-    OpenFire(sql);
+    OpenNew(sql);
     Produce({8});
     const std::vector<Cells> rows = OneTable();
     ASSERT_EQ(static_cast<Long>(rows.size()), count + 2);
@@ -617,8 +615,8 @@ TEST_F(Impacts, ItemLosses_AreRoundedToThreeDigitsWithTiesToEven)
 
 TEST_F(Impacts, Totals_AreRoundedFromTheUnroundedSum)
 {
-    OpenFire(Alternatives(1) + Items(3) + Loss(TargetKey(1), 1, "1004") + Loss(TargetKey(1), 2, "1004") +
-             Loss(TargetKey(1), 3, "1004"));
+    OpenNew(Alternatives(1) + Items(3) + Loss(TargetKey(1), 1, "1004") + Loss(TargetKey(1), 2, "1004") +
+            Loss(TargetKey(1), 3, "1004"));
     Produce({8});
     EXPECT_EQ(OneTable().at(1).at(1), "1,000");
     EXPECT_EQ(OneTable().back().at(1), "$3,010"); // not three times what the rows show
@@ -626,8 +624,8 @@ TEST_F(Impacts, Totals_AreRoundedFromTheUnroundedSum)
 
 TEST_F(Impacts, ResourceLosses_AreTheModelsWithoutFurtherRounding)
 {
-    OpenFire(Alternatives(1) + Resource(1, "-10") + Resource(2, "4") + Gains("Yes") +
-             Set(TargetKey(1), "FireSize = 123.4") + firesql::BurnsAtLevel4(TargetKey(1)));
+    OpenNew(Alternatives(1) + Resource(1, "-10") + Resource(2, "4") + Gains("Yes") +
+            Set(TargetKey(1), "FireSize = 123.4") + firesql::BurnsAtLevel4(TargetKey(1)));
     Produce({8});
     const std::vector<Cells> rows = OneTable();
     ASSERT_EQ(rows.size(), 4u);
@@ -638,8 +636,8 @@ TEST_F(Impacts, ResourceLosses_AreTheModelsWithoutFurtherRounding)
 
 TEST_F(Impacts, GainsInTotal_HaveTheirSignAheadOfTheDollar)
 {
-    OpenFire(Alternatives(1) + Resource(2, "4") + Gains("Yes") + Set(TargetKey(1), "FireSize = 1000") +
-             firesql::BurnsAtLevel4(TargetKey(1)));
+    OpenNew(Alternatives(1) + Resource(2, "4") + Gains("Yes") + Set(TargetKey(1), "FireSize = 1000") +
+            firesql::BurnsAtLevel4(TargetKey(1)));
     Produce({8});
     EXPECT_EQ(OneTable().back().at(1), "-$4,000");
     EXPECT_EQ(OneTable().back().at(4), "-$2,000");
@@ -686,7 +684,7 @@ TEST_F(Impacts, GeneratedFires_PrintTheModelsFigures)
                 sql += Loss(outcome, place, std::to_string(next(30000) * next(500)) + ".75");
         }
         SCOPED_TRACE(alternatives);
-        OpenFire(sql);
+        OpenNew(sql);
         Produce({8});
         ExpectTables();
     }
@@ -696,7 +694,7 @@ TEST_F(Impacts, GeneratedFires_PrintTheModelsFigures)
 
 TEST_F(Impacts, TwentyItemsAndTwoAlternatives_ShareAPage)
 {
-    OpenFire(Alternatives(2) + Items(20));
+    OpenNew(Alternatives(2) + Items(20));
     Produce({8});
     EXPECT_EQ(Tops(), (std::vector<std::string>{"1: 2040", "1: 8040"}));
     ExpectTables();
@@ -704,7 +702,7 @@ TEST_F(Impacts, TwentyItemsAndTwoAlternatives_ShareAPage)
 
 TEST_F(Impacts, SixtyItems_GoOnOnTheNextPageFromTheirBand)
 {
-    OpenFire(Alternatives(3) + Items(60));
+    OpenNew(Alternatives(3) + Items(60));
     Produce({8});
     EXPECT_EQ(Tops(), (std::vector<std::string>{"1: 2040", "3: 2040", "5: 2040"}));
     EXPECT_EQ(PageCount(), 6);
@@ -718,7 +716,7 @@ TEST_F(Impacts, SixtyItems_GoOnOnTheNextPageFromTheirBand)
 
 TEST_F(Impacts, FortyAlternativesOfSixtyItems_LoseNothing)
 {
-    OpenFire(Alternatives(40) + Items(60));
+    OpenNew(Alternatives(40) + Items(60));
     Produce({8});
     EXPECT_EQ(Tops().size(), 40u);
     EXPECT_EQ(PageCount(), 80);
@@ -737,7 +735,7 @@ TEST_F(Impacts, NamesOfManyLines_AreNotPrintedOver)
         std::string sql = Alternatives(4);
         for (Long place = 1; place <= 8; ++place)
             sql += Item(place, Repeated("threatened bridge ", words) + "no" + std::to_string(place));
-        OpenFire(sql);
+        OpenNew(sql);
         ASSERT_EQ(ImpactTable::ImpactLayout(), 29);
         Produce({8});
         EXPECT_EQ(Overprints(), std::vector<std::string>());
@@ -757,7 +755,7 @@ TEST_F(Impacts, NamesOfManyLines_AreNotPrintedOver)
 
 TEST_F(Impacts, LandscapePaper_LosesNoTable)
 {
-    OpenFire(Alternatives(7) + Items(8));
+    OpenNew(Alternatives(7) + Items(8));
     for (const Double height : {12240.0, 8391.0}) {
         Printer().SetPaper(15840.0, height);
         Produce({8});
@@ -776,7 +774,7 @@ TEST_F(Impacts, LandscapePaper_LosesNoTable)
 
 TEST_F(Impacts, SectionBehindIt_FindsTheMarginsAsTheyWere)
 {
-    OpenFire(Alternatives(2) + Items(20));
+    OpenNew(Alternatives(2) + Items(20));
     Produce({8, 9});
     EXPECT_EQ(Printer().MarginTop(), 900.0);
     EXPECT_EQ(Printer().SpaceBefore(), 0.0);
