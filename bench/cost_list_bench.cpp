@@ -3,7 +3,6 @@
 // has 200 types. A folder in memory (TMPDIR) leaves the drive out of it.
 
 #include "Measure.h"
-#include "platform/base/ProgramFolder.h"
 #include "platform/widgets/Application.h"
 #include "platform/widgets/Grid.h"
 #include "platform/widgets/ListBox.h"
@@ -17,7 +16,6 @@
 #include <QKeyEvent>
 #include <QPushButton>
 
-#include <filesystem>
 #include <functional>
 #include <map>
 #include <string>
@@ -158,7 +156,7 @@ int main(int argc, char** argv)
     platform::Application application(toolkitArguments, argv);
     const support::TempFolder folder;
     const std::string fire = folder.Path() + "/fire.qel";
-    std::filesystem::copy(platform::InProgramFolder("QEL.new"), fire);
+    support::CopyFile(support::BuiltFile("QEL.new"), fire);
     support::ExecuteSql(fire, kRows);
     Program program;
     program.Start(fire);

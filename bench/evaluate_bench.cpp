@@ -23,6 +23,8 @@ namespace {
 class Medians : public benchmark::ConsoleReporter
 {
 public:
+    Medians() : ConsoleReporter(OO_None) {}
+
     void ReportRuns(const std::vector<Run>& runs) override
     {
         for (const Run& run : runs) {

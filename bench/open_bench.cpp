@@ -3,7 +3,6 @@
 // follows.
 
 #include "Measure.h"
-#include "platform/base/ProgramFolder.h"
 #include "platform/widgets/Application.h"
 #include "platform/widgets/RichTextEdit.h"
 #include "platform/widgets/TabStrip.h"
@@ -17,7 +16,6 @@
 
 #include <QTextDocumentFragment>
 
-#include <filesystem>
 #include <string>
 #include <vector>
 
@@ -69,7 +67,7 @@ int main(int argc, char** argv)
     platform::Application application(toolkitArguments, argv);
     const support::TempFolder folder;
     const std::string fire = folder.Path() + "/fire.qel";
-    std::filesystem::copy(platform::InProgramFolder("samples/smith-creek.qel"), fire);
+    support::CopyFile(support::BuiltFile("samples/smith-creek.qel"), fire);
     Program program;
     program.Start(fire);
     g2Situation::GetSituationTopics().front()->SetBody(LongBody());
