@@ -1,11 +1,8 @@
 #include "CliTest.h"
 #include "support/ChildProcess.h"
+#include "vexa-cli/Commands.h"
 
 #include <filesystem>
-
-#ifdef VEXA_REPORTS
-    #include "vexa-cli/Commands.h"
-#endif
 
 namespace {
 
@@ -36,8 +33,6 @@ TEST_F(Report, WithoutTheToolkit_IsRefusedClearly)
     EXPECT_EQ(result.out, "");
     EXPECT_EQ(result.err, "Reports are made by the program vexa-report, which is missing here.\n");
 }
-
-#ifdef VEXA_REPORTS
 
 class MadeReport : public Report
 {
@@ -209,7 +204,5 @@ TEST_F(MadeReport, TheProgramsOtherCommands_LoadNoToolkit)
     EXPECT_NE(output.find("libsqlite3"), std::string::npos) << output;
     EXPECT_EQ(output.find("libQt"), std::string::npos);
 }
-
-#endif
 
 } // namespace
