@@ -137,10 +137,20 @@ void PrintControl::State::WriteTable(const TableBuilder& builder)
     x.reset();
     const std::size_t placed = flow.Place(std::move(rows), rules, 0.0);
     flow.NoteEnd();
-    if (FlowTable* written = std::get_if<FlowTable>(&document.flow.back().content)) {
-        written->table.rows.resize(placed);
-        written->rules.resize(placed);
+    KeepRows(placed);
+}
+
+/// Of the table that was noted last. One of which no row was placed is none.
+void PrintControl::State::KeepRows(std::size_t placed)
+{
+    FlowTable* written = std::get_if<FlowTable>(&document.flow.back().content);
+    if (written == nullptr) return;
+    if (placed == 0) {
+        document.flow.pop_back();
+        return;
     }
+    written->table.rows.resize(placed);
+    written->rules.resize(placed);
 }
 
 void PrintControl::State::WriteTableOrDrop(PrintControl& control, const TableBuilder& builder)

@@ -47,6 +47,7 @@ struct PrintControl::State
     void Measured(Double left, Double top, Double width, Double height);
     void WriteBookmark();
     void WriteTable(const TableBuilder& builder);
+    void KeepRows(std::size_t placed);
     void WriteTableOrDrop(PrintControl& control, const TableBuilder& builder);
     void PlaceBox(richtext::RichDocument text, LaidText laid, FlowTextBox box);
     void Line(Double fromX, Double fromY, Double toX, Double toY);

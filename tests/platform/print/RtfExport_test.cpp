@@ -138,6 +138,21 @@ TEST(RtfExport, PositionToldFurtherDown_BecomesSpaceAbove)
     EXPECT_EQ(ParagraphAt(read, 1).format.spaceBefore, 5000 - 1440 - 223);
 }
 
+TEST(RtfExport, TableOfWhichNoRowWasPlaced_IsLeftOut)
+{
+    OpenControl control;
+    control.Paragraph("Above.");
+    control.StartTable();
+    control.AddTable("2000|2000;", PrintCells());
+    control.EndTable();
+    control.SetCurrentY(15800.0);
+    control.Table("2000|2000; | ;"); // blank, and too low to be seen
+    const std::string rtf = Exported(control);
+    EXPECT_TRUE(Has(rtf, "Above."));
+    EXPECT_FALSE(Has(rtf, "\\trowd"));
+    EXPECT_EQ(control.Pages().pages.size(), 1u);
+}
+
 TEST(RtfExport, BlankLineJumpedOver_IsLeftOut)
 {
     OpenControl control;
