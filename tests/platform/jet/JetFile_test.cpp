@@ -43,8 +43,18 @@ protected:
     }
     bool IsOriginal(const std::string& name) const { return ReadFile(m_folder.File(name)) == m_original; }
     void TakeName() const { JetReplacement(m_path).TakeName(); }
+    /// Any user may start the reader then, also where the build lies in a folder of root's own.
+    void BringReader()
+    {
+        const std::string reader = m_programs.File("vexa-jet");
+        support::CopyFile(support::BuiltFile("vexa-jet"), reader);
+        fs::permissions(m_programs.Path(), fs::perms::all);
+        fs::permissions(reader, fs::perms::all);
+        platform::SetJetReaderProgram(reader);
+    }
 
     support::TempFolder m_folder;
+    support::TempFolder m_programs;
     const std::string m_path = m_folder.File("Fire.qel");
     const std::string m_original = ReadFile(support::DataFile(kJetFile));
 };
@@ -176,6 +186,7 @@ TEST_F(JetFileTest, FileThatCannotBeRead_LeavesNothingBehind)
 TEST_F(JetFileTest, FileOrFolderThatMayNotBeWritten_IsRefused)
 {
     const bool asRoot = ::geteuid() == 0;
+    BringReader();
     fs::permissions(m_folder.Path(), fs::perms::all);
     const auto refused = [&](fs::perms file, fs::perms folder) {
         fs::permissions(m_path, file);
