@@ -3,7 +3,6 @@
 #include "platform/base/Numbers.h"
 
 #include <memory>
-#include <string>
 #include <vector>
 
 class c51Alternative;
@@ -29,9 +28,6 @@ std::vector<Column> ColumnsOf(c51Alternative& alternative);
 
 /// The greatest number of resource uses of an outcome, a Fallback that is not shown among them.
 Long MaxSRUses(c51Alternative& alternative);
-
-/// Begins a table of so many columns. Row 0 is its title, over `titleSpan` columns and between two rules.
-void BeginTable(const std::string& format, Long columns, const std::string& title, Long titleSpan);
 
 /// The costs by land unit, under the alternative's title.
 void PrintFMUCosts(c51Alternative& alternative);

@@ -35,20 +35,12 @@ std::string SixColumns()
 /// Rows that belong together stay on one page, where one can hold them.
 void AlternativeHeader(const c51Alternative& alternative)
 {
-    constexpr Double rule = 7.0;
     PrintControl& printer = VSPrinter1();
     printer.SetFontSize(9.0);
     printer.SetFontBold(false);
     printer.SetTableBorder(tableBorderNone);
-    PrintCells title(columnCount);
-    title.front() = Plain("Alternative " + alternative.Label());
-    printer.AddTable(SixColumns(), title);
-    printer.SetTableCell(tcColSpan, titleRow, 1, columnCount);
-    printer.SetTableCell(tcAlign, titleRow, 1, alignCenterTop);
-    printer.SetTableCell(tcFontSize, titleRow, 1, 11);
-    printer.SetTableCell(tcFontBold, titleRow, 1, true);
-    printer.SetTableCell(tcRowBorderAbove, titleRow, 1, rule);
-    printer.SetTableCell(tcRowBorderBelow, titleRow, 1, rule);
+    AddTitledColumns(
+        SixColumns(), columnCount, "Alternative " + alternative.Label(), columnCount, alignCenterTop);
     printer.SetTableCell(tcRows, lastRow);
     printer.SetTableCell(tcRowLongText, bodyRow, 1, descriptionRow, true);
     printer.SetTableCell(tcRowKeepWithNext, titleRow, 1, lastRow, true);
@@ -131,10 +123,7 @@ void PrintAlternatives()
 {
     u91Trace::Trace("PrintAlternatives");
     SaveFormat();
-    SetPageHeader();
-    PrintHeading("Alternatives");
-    VSPrinter1().SetCurrentX(VSPrinter1().MarginLeft());
-    VSPrinter1().SetCurrentY(1440.0);
+    BeginTables("Alternatives");
     if (bSavingRtf()) {
         VSPrinter1().Paragraph(Body(RtfAlternatives()));
     } else {

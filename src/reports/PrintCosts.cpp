@@ -51,22 +51,6 @@ Long MaxSRUses(c51Alternative& alternative)
     return MaxLong(MaxLong(target, fallback), extreme);
 }
 
-void BeginTable(const std::string& format, Long columns, const std::string& title, Long titleSpan)
-{
-    using namespace platform::print;
-    constexpr Double rule = 7.0;
-    PrintControl& printer = VSPrinter1();
-    PrintCells header(static_cast<std::size_t>(columns));
-    header.front() = Plain(title);
-    printer.AddTable(format, header);
-    printer.SetTableCell(tcColSpan, 0, 1, titleSpan);
-    printer.SetTableCell(tcAlign, 0, 1, alignCenterBottom);
-    printer.SetTableCell(tcFontSize, 0, 1, 11);
-    printer.SetTableCell(tcFontBold, 0, 1, true);
-    printer.SetTableCell(tcRowBorderAbove, 0, 1, rule);
-    printer.SetTableCell(tcRowBorderBelow, 0, 1, rule);
-}
-
 } // namespace CostTables
 
 namespace ReportSections {
@@ -75,10 +59,7 @@ void PrintCosts()
 {
     u91Trace::Trace("PrintCosts");
     SaveFormat();
-    SetPageHeader();
-    PrintHeading("Estimated Suppression Costs");
-    VSPrinter1().SetCurrentX(VSPrinter1().MarginLeft());
-    VSPrinter1().SetCurrentY(1440.0);
+    BeginTables("Estimated Suppression Costs");
     for (const auto& alternative : g51Alternatives::AlternativeCollection())
         PrintAlternative(*alternative);
     RestoreFormat();

@@ -78,7 +78,8 @@ void CostTables::PrintFMUCosts(c51Alternative& alternative)
     printer.SetFontBold(false);
     printer.SetTableBorder(tableBorderAll);
     constexpr Long wholeRow = 12; // kept: more than the table has, which cuts it to its width
-    BeginTable(Format(), columnCount, "Alternative " + alternative.Label(), wholeRow);
+    AddTitledColumns(
+        Format(), columnCount, "Alternative " + alternative.Label(), wholeRow, alignCenterBottom);
     AddUnitRows();
     for (const Column& column : ColumnsOf(alternative)) {
         AddHeads(column);

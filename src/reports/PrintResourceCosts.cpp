@@ -109,7 +109,7 @@ void CostTables::PrintResourceCosts(c51Alternative& alternative, Long rows)
     printer.SetFontSize(8.0);
     printer.SetFontBold(false);
     printer.SetTableBorder(tableBorderNone);
-    BeginTable(Format(), columnCount, Title(alternative), columnCount);
+    AddTitledColumns(Format(), columnCount, Title(alternative), columnCount, alignCenterBottom);
     printer.SetTableCell(tcRows, lastRow);
     printer.SetTableCell(tcRowKeepWithNext, 0, 1, lastRow - 1, true);
     for (const Column& column : ColumnsOf(alternative))

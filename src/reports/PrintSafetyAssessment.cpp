@@ -21,20 +21,16 @@ constexpr Long columnCount = 3, rowsPerIssue = 3;
 
 void SafetyHeader(const c51Alternative& alternative)
 {
-    constexpr Double rule = 7.0;
     PrintControl& printer = VSPrinter1();
     const std::string width = platform::TextOf(platform::ToLong(Double(GetTextWidth()) / 3.0));
     printer.SetFontSize(9.0);
     printer.SetFontBold(false);
     printer.SetTableBorder(tableBorderNone);
-    printer.AddTable(width + "|" + width + "|" + width + ";",
-                     PrintCells{Plain("Alternative " + alternative.Label()), PrintText(), PrintText()});
-    printer.SetTableCell(tcColSpan, 0, 1, columnCount);
-    printer.SetTableCell(tcAlign, 0, 1, alignCenterTop);
-    printer.SetTableCell(tcFontSize, 0, 1, 11);
-    printer.SetTableCell(tcFontBold, 0, 1, true);
-    printer.SetTableCell(tcRowBorderAbove, 0, 1, rule);
-    printer.SetTableCell(tcRowBorderBelow, 0, 1, rule);
+    AddTitledColumns(width + "|" + width + "|" + width + ";",
+                     columnCount,
+                     "Alternative " + alternative.Label(),
+                     columnCount,
+                     alignCenterTop);
     // Of the issues one is the root, which is none: its rows hold the heads, and the last stays empty.
     const Long issues = g42SafetyIssues::SafetyIssueCollection().Count() - 1;
     printer.SetTableCell(tcRows, issues * rowsPerIssue + 2);
@@ -108,10 +104,7 @@ void PrintSafetyAssessment()
 {
     u91Trace::Trace("PrintSafetyAssessment");
     SaveFormat();
-    SetPageHeader();
-    PrintHeading("Safety Assessment");
-    VSPrinter1().SetCurrentX(VSPrinter1().MarginLeft());
-    VSPrinter1().SetCurrentY(1440.0);
+    BeginTables("Safety Assessment");
     for (const auto& alternative : g51Alternatives::AlternativeCollection())
         SafetyTable(*alternative);
     RestoreFormat();

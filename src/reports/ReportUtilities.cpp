@@ -64,6 +64,32 @@ void PrintHeading(const std::string& text)
     RestoreFormat();
 }
 
+void BeginTables(const std::string& heading)
+{
+    constexpr Double firstTable = 1440.0;
+    SetPageHeader();
+    PrintHeading(heading);
+    VSPrinter1().SetCurrentX(VSPrinter1().MarginLeft());
+    VSPrinter1().SetCurrentY(firstTable);
+}
+
+void AddTitledColumns(
+    const std::string& format, Long columns, const std::string& title, Long span, Integer align)
+{
+    using namespace platform::print;
+    constexpr Double rule = 7.0;
+    PrintControl& printer = VSPrinter1();
+    PrintCells header(static_cast<std::size_t>(columns));
+    header.front() = Plain(title);
+    printer.AddTable(format, header);
+    printer.SetTableCell(tcColSpan, 0, 1, span);
+    printer.SetTableCell(tcAlign, 0, 1, align);
+    printer.SetTableCell(tcFontSize, 0, 1, 11);
+    printer.SetTableCell(tcFontBold, 0, 1, true);
+    printer.SetTableCell(tcRowBorderAbove, 0, 1, rule);
+    printer.SetTableCell(tcRowBorderBelow, 0, 1, rule);
+}
+
 void PrintBanner(const std::string& text)
 {
     platform::print::PrintControl& printer = VSPrinter1();

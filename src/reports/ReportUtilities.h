@@ -54,6 +54,12 @@ void PrintSet_Init();
 void SetPageHeader();
 /// Prints a section's heading; it stands in the outline under its own words.
 void PrintHeading(const std::string& text);
+/// Begins a section of tables: running header, heading, and the place below it.
+void BeginTables(const std::string& heading);
+/// Adds columns to the open table. Row 0 is its title, bold in 11 points between two rules: over `span`
+/// columns and aligned as told.
+void AddTitledColumns(
+    const std::string& format, Long columns, const std::string& title, Long span, Integer align);
 /// Prints a heading between two rules over the width of a letter page. Leaves size and weight of the font.
 void PrintBanner(const std::string& text);
 /// The report font: "Arial", else "Microsoft Sans Serif", else that of the control.

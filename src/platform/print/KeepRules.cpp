@@ -78,20 +78,46 @@ void AllowBreaks(const std::vector<Unit>& units, Double tallest)
     }
 }
 
+/// Calls `loosen(first, last)` for the things that are kept together and higher than a page.
+template <class HeightOf, class IsKept, class Change>
+void ForEachTooHigh(
+    std::size_t count, Double tallest, const HeightOf& heightOf, const IsKept& isKept, const Change& loosen)
+{
+    for (std::size_t first = 0; first < count;) {
+        std::size_t last = first;
+        Double height = heightOf(first);
+        while (isKept(last) && last + 1 < count)
+            height += heightOf(++last);
+        if (height > tallest) loosen(first, last);
+        first = last + 1;
+    }
+}
+
 } // namespace
 
 void Loosen(std::vector<Block>& blocks, const LaidText& laid, Double tallest)
 {
     const std::vector<Unit> units = UnitsOf(blocks, laid);
     AllowBreaks(units, tallest);
-    for (std::size_t first = 0; first < units.size();) {
-        std::size_t last = first;
-        Double height = units[first].height;
-        while (units[last].IsKept() && last + 1 < units.size())
-            height += units[++last].height;
-        if (height > tallest) LoosenUnits(units, first, last, tallest);
-        first = last + 1;
-    }
+    ForEachTooHigh(
+        units.size(),
+        tallest,
+        [&](std::size_t i) { return units[i].height; },
+        [&](std::size_t i) { return units[i].IsKept(); },
+        [&](std::size_t first, std::size_t last) { LoosenUnits(units, first, last, tallest); });
+}
+
+void Loosen(std::vector<RowRules>& rules, const std::vector<LaidRow>& rows, Double tallest)
+{
+    ForEachTooHigh(
+        rules.size(),
+        tallest,
+        [&](std::size_t i) { return rows[i].height; },
+        [&](std::size_t i) { return rules[i].keepWithNext; },
+        [&](std::size_t first, std::size_t last) {
+            for (std::size_t i = first; i <= last; ++i)
+                rules[i].keepWithNext = false;
+        });
 }
 
 } // namespace platform::print

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/print/FlowRecord.h"
+#include "platform/print/TableLayout.h"
 #include "platform/print/TextLayout.h"
 #include "platform/richtext/RichDocument.h"
 
@@ -13,5 +15,8 @@ namespace platform::print {
 ///
 /// `laid` is the text's layout, `tallest` the height of a page's text.
 void Loosen(std::vector<richtext::Block>& blocks, const LaidText& laid, Double tallest);
+
+/// The same of a table's rows: none of those that no page can hold together stays with the next one.
+void Loosen(std::vector<RowRules>& rules, const std::vector<LaidRow>& rows, Double tallest);
 
 } // namespace platform::print

@@ -18,20 +18,6 @@ std::uint32_t Swapped(std::uint32_t color)
     return ((color & 0xFFU) << 16) | (color & 0xFF00U) | ((color >> 16) & 0xFFU);
 }
 
-/// Rows that no page can hold together are not told to stay so: a word processor would move them all.
-void Loosen(std::vector<RowRules>& rules, const std::vector<LaidRow>& rows, Double most)
-{
-    for (std::size_t first = 0; first < rules.size();) {
-        std::size_t last = first;
-        Double height = rows[first].height;
-        while (rules[last].keepWithNext && last + 1 < rules.size())
-            height += rows[++last].height;
-        for (std::size_t i = first; height > most && i <= last; ++i)
-            rules[i].keepWithNext = false;
-        first = last + 1;
-    }
-}
-
 } // namespace
 
 Double PrintControl::State::TextWidth() const
