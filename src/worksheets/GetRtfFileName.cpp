@@ -41,7 +41,7 @@ std::string GetRtfFileName()
     SetDefaults(request);
     const std::string path = platform::TheDesktop().AskFile(request).value_or(std::string());
     if (path.empty() || !platform::IsSameFile(path, OpenDataFile())) return path;
-    platform::ShowMessage({platform::print::PrintError(path, "it is the data file that is open").what()});
+    platform::ShowMessage({platform::print::PrintError::OverOpenFile(path).what()});
     return {};
 }
 

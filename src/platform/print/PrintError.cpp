@@ -14,6 +14,11 @@ PrintError::PrintError(const std::string& path, const std::string& cause)
 
 PrintError::PrintError(int number, const std::string& sentences) : Error(number, sentences) {}
 
+PrintError PrintError::OverOpenFile(const std::string& path)
+{
+    return {path, "it is the data file that is open"};
+}
+
 PrintError PrintError::Refused(const std::string& printer, const std::string& cause)
 {
     return {printerNumber,

@@ -12,6 +12,8 @@ class PrintError : public Error
 {
 public:
     PrintError(const std::string& path, const std::string& cause);
+    /// A report that would be written over the data file that is open.
+    static PrintError OverOpenFile(const std::string& path);
     /// Pages that a printer did not take.
     static PrintError Refused(const std::string& printer, const std::string& cause);
 

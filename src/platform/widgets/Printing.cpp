@@ -135,7 +135,7 @@ void PrintToFile(const print::Document& document, Long first, Long last, const s
     request.asksBeforeReplacing = true;
     const std::optional<std::string> path = TheDesktop().AskFile(request);
     if (!path) return;
-    if (IsSameFile(*path, dataFile)) throw print::PrintError(*path, "it is the data file that is open");
+    if (IsSameFile(*path, dataFile)) throw print::PrintError::OverOpenFile(*path);
     print::WritePdf(PagesOf(document, first, last), *path);
     g_lastFile = QString::fromStdString(*path);
 }
