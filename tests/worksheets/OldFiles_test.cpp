@@ -219,7 +219,6 @@ protected:
         GridHands(*Find<platform::Grid>("grdImpacts")).Type(1, 3, "76543");
     }
 
-private:
     std::map<std::string, std::string> m_read; // by place
 };
 
@@ -237,6 +236,19 @@ TEST_P(OldFiles, ReadOnEveryWorksheet_EverythingIsThereAndReadingChangesNothing)
         dump->remove(QStringLiteral("Properties")); // the path
     EXPECT_TRUE(expected == found);
     EXPECT_EQ(support::ReadFile(path + ".jet"), support::ReadFile(Fire().Path()));
+}
+
+/// Those of the oldest format; the later one had given them up.
+TEST_P(OldFiles, ReportTopicsOfOtherEditions_AreKeptAndShownOnNoWorksheet)
+{
+    const char* text = "Stage III, topic";
+    OpenFromStartForm();
+    ReadEverything();
+    for (const auto& [place, read] : m_read)
+        EXPECT_FALSE(Holds(read, text)) << place;
+    const support::Rows kept =
+        Query("SELECT count(*) > 0 FROM Items WHERE Body LIKE '%" + std::string(text) + "%'");
+    EXPECT_EQ(kept, (support::Rows{{Fire().asksAsOldest ? "1" : "0"}}));
 }
 
 TEST_P(OldFiles, Printed_AllTenSectionsWithTheirTexts)
